@@ -1,0 +1,24 @@
+# bwm_add_test(NAME <name> SOURCES <files...> LIBS <targets...>
+#              [LABELS <labels...>] [TIMEOUT <seconds>] [ENV <VAR=value...>])
+# One GoogleTest binary registered as one CTest test. Every test gets its own
+# HOME and XDG folders under the build tree so that QSettings never touches the
+# user's own configuration, and widgets render offscreen.
+find_package(GTest REQUIRED)
+
+function(bwm_add_test)
+  cmake_parse_arguments(T "" "NAME;TIMEOUT" "SOURCES;LIBS;LABELS;ENV" ${ARGN})
+  add_executable(${T_NAME} ${T_SOURCES})
+  target_link_libraries(${T_NAME} PRIVATE ${T_LIBS} GTest::gmock GTest::gtest_main Qt5::Test)
+  target_compile_definitions(${T_NAME} PRIVATE
+    BWM_SOURCE_DIR="${PROJECT_SOURCE_DIR}" BWM_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  if(NOT T_TIMEOUT)
+    set(T_TIMEOUT 120)
+  endif()
+  set(home ${PROJECT_BINARY_DIR}/test-home/${T_NAME})
+  file(MAKE_DIRECTORY ${home})
+  add_test(NAME ${T_NAME} COMMAND ${T_NAME})
+  set_tests_properties(${T_NAME} PROPERTIES
+    TIMEOUT ${T_TIMEOUT}
+    LABELS "${T_LABELS}"
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_DATA_HOME=${home}/data;XDG_CACHE_HOME=${home}/cache;XDG_RUNTIME_DIR=${home}/run;${T_ENV}")
+endfunction()

@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds everything and runs the tests.
+set -euo pipefail
+cd "$(dirname "$0")"
+./scripts/install-deps.sh
+build=${BWM_BUILD_DIR:-build}
+./scripts/configure.sh "$build" "$@"
+cmake --build "$build"
+ctest --test-dir "$build" -j2 --output-on-failure
