@@ -33,7 +33,7 @@ CLinkPump::CLinkPump(const SLinkPumpConfig& config)
 {
 }
 
-void CLinkPump::captureFromCameras(std::int64_t realToMonoNs)
+void CLinkPump::captureFromCameras(std::int64_t realToMonoNs, std::int64_t nowNs)
 {
     m_ring.drain(
         [&](const SCapturedFrame& frame) {
@@ -45,6 +45,10 @@ void CLinkPump::captureFromCameras(std::int64_t realToMonoNs)
             case CSwitchQueue::EPush::Queued:
                 m_stats.maxBacklogBytes =
                     std::max<std::uint64_t>(m_stats.maxBacklogBytes, m_queue.backlogBytes());
+                // A batch read late is already partly due; sending it now keeps
+                // the store from filling with frames the switch has sent.
+                if (m_queue.nextDueNs() <= nowNs)
+                    deliverDue(nowNs);
                 break;
             case CSwitchQueue::EPush::DroppedFull:
                 ++m_stats.framesDropped;
@@ -104,9 +108,9 @@ void CLinkPump::run(volatile std::sig_atomic_t* stop, volatile std::sig_atomic_t
     pollfd fds[2] = {{m_ring.fd(), POLLIN, 0}, {m_tap.fd(), POLLIN, 0}};
     std::int64_t nextStats = clockNs(CLOCK_MONOTONIC);
     while (!*stop) {
-        const std::int64_t realToMono = clockNs(CLOCK_REALTIME) - clockNs(CLOCK_MONOTONIC);
-        captureFromCameras(realToMono);
         std::int64_t now = clockNs(CLOCK_MONOTONIC);
+        captureFromCameras(clockNs(CLOCK_REALTIME) - now, now);
+        now = clockNs(CLOCK_MONOTONIC);
         deliverDue(now);
         if (fds[1].revents & POLLIN)
             forwardFromHost();

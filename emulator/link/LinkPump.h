@@ -34,7 +34,7 @@ public:
     void writeStatsFile() const;
 
 private:
-    void captureFromCameras(std::int64_t realToMonoNs);
+    void captureFromCameras(std::int64_t realToMonoNs, std::int64_t nowNs);
     void deliverDue(std::int64_t nowNs);
     void forwardFromHost();
 
