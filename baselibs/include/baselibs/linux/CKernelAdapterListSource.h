@@ -14,8 +14,10 @@ public:
 
     uint32_t List(std::vector<SPlatformAdapterEntry>& entries) const override;
 
-private:
+    // "<hardware> (<driver> <version>)", as far as the system tells.
     std::string Description(const std::string& ifname, const std::string& alias, const std::string& type) const;
+
+private:
     std::string Hardware(const std::string& ifname) const;
     uint64_t ReceiveLinkSpeed(const std::string& ifname) const;
 

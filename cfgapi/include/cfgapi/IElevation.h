@@ -1,0 +1,12 @@
+#pragma once
+
+namespace CfgApi {
+
+class IElevation
+{
+public:
+    virtual ~IElevation() = default;
+    virtual bool IsElevated() const = 0;
+};
+
+} // namespace CfgApi
