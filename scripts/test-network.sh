@@ -136,7 +136,8 @@ done
 quiet ip netns exec "$ns" sysctl -w "net.ipv6.conf.$cam_end.disable_ipv6=1" || true
 ip -n "$ns" link set "$cam_end" up
 
-"$link_bin" --tap "$tap" --veth "$host_end" --rate-mbps "$link_mbps" \
+# The link stands for switch hardware: it should not wait behind the cameras.
+nice -n -10 "$link_bin" --tap "$tap" --veth "$host_end" --rate-mbps "$link_mbps" \
   --queue-bytes "$queue_bytes" --stats-file "$stats" \
   >"$log_dir/link.out" 2>"$log_dir/link.err" &
 link_pid=$!

@@ -125,7 +125,14 @@ void CLinkPump::run(volatile std::sig_atomic_t* stop, volatile std::sig_atomic_t
         }
 
         now = clockNs(CLOCK_MONOTONIC);
-        const std::int64_t wake = std::min(m_queue.nextDueNs(), nextStats);
+        // While frames wait, wake on a timer only, like an adapter's interrupt
+        // coalescing: a wake-up per frame costs more than the frame itself, and
+        // the arrival stamps keep the model exact however late the ring is read.
+        const bool busy = !m_queue.empty();
+        fds[0].events = busy ? 0 : POLLIN;
+        const std::int64_t due =
+            busy ? std::max(m_queue.nextDueNs(), now + m_config.coalesceNs) : nextStats;
+        const std::int64_t wake = std::min(due, nextStats);
         const std::int64_t wait = std::max<std::int64_t>(wake - now, 0);
         const timespec timeout{static_cast<time_t>(wait / 1000000000),
                                static_cast<long>(wait % 1000000000)};

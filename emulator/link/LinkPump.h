@@ -17,6 +17,7 @@ struct SLinkPumpConfig
     std::string vethName;
     SSwitchQueueConfig queue;
     std::size_t ringBytes = 16u << 20;
+    std::int64_t coalesceNs = 100000;
     std::string statsFile;
 };
 

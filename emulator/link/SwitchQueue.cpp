@@ -8,8 +8,8 @@ namespace bwm::link {
 
 CSwitchQueue::CSwitchQueue(const SSwitchQueueConfig& config)
     : m_config(config)
-    // Room for the modelled backlog plus frames the pump has not written yet.
-    , m_store(2 * config.capacityBytes + 2 * config.maxFrameBytes)
+    , m_store(config.storeBytes ? config.storeBytes
+                                : config.capacityBytes + (8u << 20) + 2 * config.maxFrameBytes)
 {
 }
 

@@ -14,6 +14,9 @@ struct SSwitchQueueConfig
     // Preamble 8, FCS 4 and inter-frame gap 12: the captured frame lacks them.
     std::size_t overheadBytes = 24;
     std::size_t maxFrameBytes = 9216 + 18;
+    // Holds what the modelled switch has sent but the pump has not yet
+    // written; 0 leaves room for 8 MiB beyond the buffer.
+    std::size_t storeBytes = 0;
 };
 
 struct SQueuedFrame

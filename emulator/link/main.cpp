@@ -24,9 +24,10 @@ void onReport(int) { g_report = 1; }
 
 const char* kUsage =
     "usage: bwm-link --tap NAME --veth NAME [--rate-mbps N] [--queue-bytes N]\n"
-    "                [--max-frame N] [--ring-bytes N] [--stats-file PATH]\n"
+    "                [--max-frame N] [--ring-bytes N] [--coalesce-us N] [--stats-file PATH]\n"
     "Frames from the veth end go to the tap through a drop-tail queue drained\n"
     "at the link rate; frames from the tap go to the veth end at once.\n"
+    "Frames reach the tap in batches at most --coalesce-us (100) apart.\n"
     "SIGUSR1 prints the counters, SIGTERM/SIGINT stop; counters at exit on stdout.\n";
 
 std::size_t interfaceMtu(const std::string& name)
@@ -78,6 +79,8 @@ int main(int argc, char** argv)
                 maxFrame = number(arg.c_str(), value);
             else if (arg == "--ring-bytes")
                 config.ringBytes = number(arg.c_str(), value);
+            else if (arg == "--coalesce-us")
+                config.coalesceNs = static_cast<std::int64_t>(number(arg.c_str(), value)) * 1000;
             else if (arg == "--stats-file")
                 config.statsFile = value;
             else

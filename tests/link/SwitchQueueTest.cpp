@@ -103,7 +103,9 @@ TEST(SwitchQueue, TailDropsWhenBurstExceedsBuffer)
 TEST(SwitchQueue, BacklogFollowsArrivalsNotThePumpsReads)
 {
     // A late pump must not turn frames the switch had already sent into drops.
-    CSwitchQueue q(gigabit(2 * kFrame));
+    SSwitchQueueConfig c = gigabit(2 * kFrame);
+    c.storeBytes = 6 * kFrame;
+    CSwitchQueue q(c);
     const auto f = frameBytes(kFrame, 0);
     for (int i = 0; i < 5; ++i)
         ASSERT_EQ(q.push(f.data(), f.size(), i * kWireNs), EPush::Queued) << i;
@@ -126,6 +128,7 @@ TEST(SwitchQueue, FramesComeOutWholeAndInOrderAcrossTheStoreWrap)
 {
     SSwitchQueueConfig c = gigabit(4096);
     c.maxFrameBytes = 1600;
+    c.storeBytes = 3 * 4096;
     CSwitchQueue q(c);
     std::int64_t t = 0;
     for (int round = 0; round < 50; ++round) {
@@ -149,12 +152,12 @@ TEST(SwitchQueue, StalledPumpOverrunsTheStoreInsteadOfOverwriting)
 {
     SSwitchQueueConfig c = gigabit(2 * kFrame);
     c.maxFrameBytes = kFrame;
+    c.storeBytes = 6 * kFrame;
     CSwitchQueue q(c);
     const auto f = frameBytes(kFrame, 3);
     int overruns = 0;
     for (int i = 0; i < 20; ++i)
         overruns += q.push(f.data(), f.size(), i * 10 * kWireNs) == EPush::DroppedOverrun;
-    // The store holds 2 * capacity + 2 * max frame: six frames, then it is full.
     EXPECT_EQ(q.size(), 6u);
     EXPECT_EQ(overruns, 14);
     EXPECT_TRUE(std::equal(f.begin(), f.end(), q.front().data));
