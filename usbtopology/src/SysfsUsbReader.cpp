@@ -83,9 +83,7 @@ std::vector<SUsbDevice> ReadUsbDevices(const fs::path& devicesDir)
         if (!ParseDeviceName(strName.substr(0, colon), device.uBus, device.ports))
             continue;
         if (colon != std::string::npos) {
-            // A root hub's own interfaces hang off port 0: "3-0:1.0".
-            if (device.ports == std::vector<unsigned int>{0})
-                device.ports.clear();
+            // A root hub's own interfaces ("3-0:1.0") find no device; nothing needs them.
             interfaces.emplace_back(DeviceKey{device.uBus, device.ports}, entry.path());
             continue;
         }
