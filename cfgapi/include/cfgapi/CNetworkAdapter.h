@@ -49,6 +49,10 @@ public:
     uint32_t GetAdapterIndex() const { return m_adapterIndex; }
     const CDriverEnumParameter& GetItrParameter() const { return *m_itrParameter; }
 
+protected:
+    // The working copy as such; no setter turns DHCP on, a derived class may.
+    SAdapterSettings& WorkingCopy() { return m_current; }
+
 private:
     std::string FindRegistryPath(const std::string& uniqueName) const;
     bool FindEntry(const std::string& uniqueName, Baselibs::SPlatformAdapterEntry& entry) const;
