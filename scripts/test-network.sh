@@ -25,11 +25,13 @@
 #   --camera-args "A"    more options for every emulator (word-split)
 #   --env-file PATH      also write the BWM_NET_* values there
 #   --log-dir DIR        keep the programs' output there (a temporary folder)
+#   --camera-nice N      run the emulators at this niceness (0); negative values
+#                        keep other work on the machine from bunching their packets
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cameras=3 mtu=1500 link_mbps=1000 camera_mbps=1000 queue_bytes=262144
-build=$root/build emulator="" camera_args="" env_file="" log_dir=""
+build=$root/build emulator="" camera_args="" env_file="" log_dir="" camera_nice=0
 
 usage() { sed -n '2,/^set -euo/p' "${BASH_SOURCE[0]}" | sed '$d; s/^# \{0,1\}//'; }
 die() { echo "test-network: $*" >&2; exit 2; }
@@ -46,6 +48,7 @@ while [ $# -gt 0 ]; do
     --camera-args) camera_args=$2; shift 2 ;;
     --env-file) env_file=$2; shift 2 ;;
     --log-dir) log_dir=$2; shift 2 ;;
+    --camera-nice) camera_nice=$2; shift 2 ;;
     -h|--help) usage; exit 0 ;;
     --) shift; break ;;
     *) die "unknown option $1 (see --help)" ;;
@@ -55,6 +58,7 @@ for n in "$cameras" "$mtu" "$link_mbps" "$camera_mbps" "$queue_bytes"; do
   [[ $n =~ ^[1-9][0-9]*$ ]] || die "not a positive number: $n"
 done
 [ "$cameras" -le 40 ] || die "at most 40 cameras"
+[[ $camera_nice =~ ^-?[0-9]+$ ]] || die "not a niceness: $camera_nice"
 [ "$(id -u)" -eq 0 ] || die "needs root to create namespaces, veth and tap"
 
 link_bin=$build/bin/bwm-link
@@ -157,7 +161,7 @@ for addr in "${camera_ips[@]}"; do
     *) cmd=("$emulator" --address "$addr" --serial "$serial" --user-id "cam$i"
             --link-mbps "$camera_mbps" $camera_args) ;;
   esac
-  ip netns exec "$ns" "${cmd[@]}" >"$log_dir/camera$i.log" 2>&1 &
+  nice -n "$camera_nice" ip netns exec "$ns" "${cmd[@]}" >"$log_dir/camera$i.log" 2>&1 &
   camera_pids+=($!)
 done
 # Ready once every camera listens on its control port.

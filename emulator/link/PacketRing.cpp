@@ -75,6 +75,10 @@ CPacketRing::CPacketRing(const std::string& interfaceName, std::size_t maxFrameB
         mreq.mr_type = PACKET_MR_PROMISC;
         if (::setsockopt(m_fd, SOL_PACKET, PACKET_ADD_MEMBERSHIP, &mreq, sizeof mreq) < 0)
             throw sysError("PACKET_MR_PROMISC");
+        // Any socket asking for receive stamps makes the kernel stamp frames as
+        // the veth hands them over, in the sender's own context; without it the
+        // ring stamps them when a softirq gets round to them, in bunches.
+        ::setsockopt(m_fd, SOL_SOCKET, SO_TIMESTAMPNS, &one, sizeof one);
         takeDrops();
     } catch (...) {
         if (m_ring)

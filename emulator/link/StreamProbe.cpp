@@ -13,7 +13,7 @@
 namespace {
 
 const char* kUsage =
-    "usage: bwm-stream-probe [--seconds S] [--packet-size N] [--fps F]\n"
+    "usage: bwm-stream-probe [--seconds S] [--packet-size N] [--fps F] [--no-resend]\n"
     "                        [--scpd TICKS | --link-share F [--link-mbps N]] ADDR...\n"
     "--link-share F sets GevSCPD so that each camera's full packets take at most\n"
     "the share F of a link of --link-mbps (1000). One line per camera, then 'total'.\n";
@@ -26,6 +26,7 @@ struct SOptions
     long scpd = -1;
     double linkShare = 0;
     double linkMbps = 1000;
+    bool resend = true;
     std::vector<std::string> addresses;
 };
 
@@ -36,6 +37,7 @@ struct SCamera
     ArvStream* stream = nullptr;
     long packetSize = 0;
     long scpd = 0;
+    double resultingFps = -1;
     std::uint64_t completed = 0;
     std::uint64_t incomplete = 0;
 };
@@ -79,6 +81,7 @@ SOptions parse(int argc, char** argv)
         else if (a == "--scpd") o.scpd = std::atol(value());
         else if (a == "--link-share") o.linkShare = std::atof(value());
         else if (a == "--link-mbps") o.linkMbps = std::atof(value());
+        else if (a == "--no-resend") o.resend = false;
         else if (a == "-h" || a == "--help") { std::fputs(kUsage, stdout); std::exit(0); }
         else if (!a.empty() && a[0] == '-') { std::fprintf(stderr, "unknown %s\n%s", a.c_str(), kUsage); std::exit(2); }
         else o.addresses.push_back(a);
@@ -119,8 +122,13 @@ void open(SCamera& c, const SOptions& o)
         arv_camera_gv_set_packet_delay(c.camera, c.scpd, &error);
         check("GevSCPD", error);
     }
+    // Only some cameras compute it; -1 marks its absence.
+    if (arv_camera_is_feature_available(c.camera, "ResultingFrameRate", nullptr))
+        c.resultingFps = arv_camera_get_float(c.camera, "ResultingFrameRate", nullptr);
     c.stream = arv_camera_create_stream(c.camera, nullptr, nullptr, &error);
     check("stream " + c.address, error);
+    if (!o.resend)
+        g_object_set(c.stream, "packet-resend", ARV_GV_STREAM_PACKET_RESEND_NEVER, nullptr);
     const guint payload = arv_camera_get_payload(c.camera, &error);
     check("payload", error);
     for (int i = 0; i < 16; ++i)
@@ -169,10 +177,11 @@ int main(int argc, char** argv)
         g_clear_error(&error);
         const std::uint64_t missing = info(c.stream, "n_missing_packets");
         const std::uint64_t bytes = info(c.stream, "n_transferred_bytes");
-        std::printf("camera=%s packet_size=%ld scpd=%ld completed=%llu incomplete=%llu "
+        std::printf("camera=%s packet_size=%ld scpd=%ld resulting_fps=%.3f seconds=%.3f "
+                    "completed=%llu incomplete=%llu "
                     "missing_packets=%llu resend_requests=%llu resent_packets=%llu "
                     "received_packets=%llu mbytes_per_s=%.2f\n",
-                    c.address.c_str(), c.packetSize, c.scpd,
+                    c.address.c_str(), c.packetSize, c.scpd, c.resultingFps, elapsed,
                     (unsigned long long)c.completed, (unsigned long long)c.incomplete,
                     (unsigned long long)missing,
                     (unsigned long long)info(c.stream, "n_resend_requests"),
