@@ -53,10 +53,14 @@ if [ "$network" = 1 ]; then
     -- "$root/scripts/demo.sh" "$build" --viewer-only "$@"
 fi
 
-pids=()
+pids=() log_dir=""
 stop_cameras() {
+  local rc=$?
   for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
   for pid in "${pids[@]}"; do wait "$pid" 2>/dev/null || true; done
+  # The cameras' logs are kept only when something went wrong.
+  [ "$rc" = 0 ] && [ -n "$log_dir" ] && rm -rf "$log_dir"
+  exit "$rc"
 }
 trap stop_cameras EXIT
 trap 'exit 130' INT

@@ -40,15 +40,16 @@ measure() {
   cp "$BWM_NET_STATS" "$out.after"
   wait "$pid"
   local dt frames bytes drops
-  dt=$(echo "$t1 - $t0" | bc -l)
+  calc() { awk "BEGIN { print $1 }"; }
+  dt=$(calc "$t1 - $t0")
   frames=$(( $(field to_host "$out.after") - $(field to_host "$out.before") ))
   bytes=$(( $(field to_host_bytes "$out.after") - $(field to_host_bytes "$out.before") ))
   drops=$(( $(field dropped "$out.after") - $(field dropped "$out.before") ))
   printf 'scenario=%s link_fps=%.0f link_mbytes_per_s=%.1f link_dropped_per_s=%.0f reported_mbytes_per_s=%s link_cpu=%.2f load=%s\n' \
-    "$name" "$(echo "$frames / $dt" | bc -l)" "$(echo "$bytes / $dt / 1000000" | bc -l)" \
-    "$(echo "$drops / $dt" | bc -l)" \
+    "$name" "$(calc "$frames / $dt")" "$(calc "$bytes / $dt / 1000000")" \
+    "$(calc "$drops / $dt")" \
     "$(sed -n 's/.*mbytes_per_s=\([0-9.]*\).*/\1/p' "$out" | tail -1)" \
-    "$(echo "($c1 - $c0) / 100 / $dt" | bc -l)" "$(cut -d' ' -f1 /proc/loadavg)"
+    "$(calc "($c1 - $c0) / 100 / $dt")" "$(cut -d' ' -f1 /proc/loadavg)"
   rm -f "$out" "$out.before" "$out.after"
 }
 export -f measure
