@@ -92,14 +92,4 @@ TEST(CTop, SetRootNodeTakesTheNewTreeAndTheTopOwnsItsSource)
     EXPECT_EQ(script->sourcesCreated, 1);
 }
 
-TEST(CTop, UnsupportedGradeGivesNoTree)
-{
-    unsigned int status = 99;
-    procLayer::CTop top(&status, static_cast<procLayer::EDetailGrade>(2), nullptr, nullptr, nullptr,
-                        std::make_unique<CFakeTopologySource>(ScriptWithOneCamera()));
-    EXPECT_EQ(status, procLayer::TopStatus_UnsupportedGrade);
-    EXPECT_EQ(top.GetRootNode(), nullptr);
-    EXPECT_FALSE(top.SetRootNode(static_cast<procLayer::EDetailGrade>(0)));
-}
-
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <usbtopology/CSysfsUsbTopology.h>
 
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -13,11 +14,9 @@ using namespace topologytest;
 
 namespace {
 
-std::string ScenarioName(std::string strName)
+fs::path Root(const QTemporaryDir& dir)
 {
-    for (char& c : strName)
-        c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
-    return strName;
+    return dir.path().toStdString();
 }
 
 // A bus with one root hub, written flat: the walk reads bus/usb/devices only.
@@ -66,10 +65,10 @@ class DeviceClassification : public ::testing::TestWithParam<SDeviceCase> {};
 TEST_P(DeviceClassification, NodeType)
 {
     const SDeviceCase& c = GetParam();
-    CTempDir dir;
-    WriteRootHub(dir.Path(), "5000");
-    WriteDevice(dir.Path(), c.szName, c.szClass, c.szSpeed, c.interfaces);
-    const auto root = Read(dir.Path());
+    QTemporaryDir dir;
+    WriteRootHub(Root(dir), "5000");
+    WriteDevice(Root(dir), c.szName, c.szClass, c.szSpeed, c.interfaces);
+    const auto root = Read(Root(dir));
     const topapi::INode* pNode = FindById(root.get(), std::wstring(c.szName, c.szName + std::strlen(c.szName)));
     ASSERT_EQ(pNode != nullptr, c.type.has_value());
     if (pNode) {
@@ -103,9 +102,9 @@ class ControllerBandwidth : public ::testing::TestWithParam<SSpeedCase> {};
 
 TEST_P(ControllerBandwidth, FromRootHubSpeed)
 {
-    CTempDir dir;
-    WriteRootHub(dir.Path(), GetParam().szSpeed);
-    const auto root = Read(dir.Path());
+    QTemporaryDir dir;
+    WriteRootHub(Root(dir), GetParam().szSpeed);
+    const auto root = Read(Root(dir));
     EXPECT_EQ(Bandwidth(*FindById(root.get(), L"usb1")), GetParam().bandwidth);
 }
 
@@ -120,9 +119,9 @@ INSTANTIATE_TEST_SUITE_P(Sysfs, ControllerBandwidth,
 
 TEST(SysfsTopology, SysfsWithoutUsbIsAnEmptyBusNotAFailure)
 {
-    CTempDir dir;
-    fs::create_directories(dir.Path() / "bus/pci/devices");
-    usbtopology::CSysfsUsbTopology topology(dir.Path());
+    QTemporaryDir dir;
+    fs::create_directories(Root(dir) / "bus/pci/devices");
+    usbtopology::CSysfsUsbTopology topology(Root(dir));
     ASSERT_TRUE(topology.Refresh());
     ASSERT_NE(topology.GetSnapshot(), nullptr);
     EXPECT_EQ(topology.GetSnapshot()->GetChildCount(), 0u);

@@ -3,7 +3,7 @@
 #include <usbtopology/CTaggedValue.h>
 #include <usbtopology/IPropertySet.h>
 
-#include <cstdlib>
+#include <cctype>
 #include <fstream>
 #include <stdexcept>
 
@@ -11,18 +11,11 @@ namespace fs = std::filesystem;
 
 namespace topologytest {
 
-CTempDir::CTempDir()
+std::string ScenarioName(std::string strScenario)
 {
-    std::string strTemplate = (fs::temp_directory_path() / "bwm-usb-XXXXXX").string();
-    if (!mkdtemp(strTemplate.data()))
-        throw std::runtime_error("mkdtemp failed");
-    m_path = strTemplate;
-}
-
-CTempDir::~CTempDir()
-{
-    std::error_code error;
-    fs::remove_all(m_path, error);
+    for (char& c : strScenario)
+        c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+    return strScenario;
 }
 
 const topapi::INode* FindById(const topapi::INode* pNode, const std::wstring& strId)

@@ -9,17 +9,8 @@
 
 namespace topologytest {
 
-class CTempDir {
-public:
-    CTempDir();
-    ~CTempDir();
-    CTempDir(const CTempDir&) = delete;
-    CTempDir& operator=(const CTempDir&) = delete;
-    const std::filesystem::path& Path() const { return m_path; }
-
-private:
-    std::filesystem::path m_path;
-};
+// gtest parameter names from scenario texts.
+std::string ScenarioName(std::string strScenario);
 
 const topapi::INode* FindById(const topapi::INode* pNode, const std::wstring& strId);
 std::optional<std::int32_t> DeviceCount(const topapi::INode& node);
