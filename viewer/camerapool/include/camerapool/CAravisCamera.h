@@ -1,0 +1,107 @@
+#pragma once
+
+#include <camerapool/CCameraInfo.h>
+#include <camerapool/CFrameExchange.h>
+
+#include <Plugin/CameraPool/ICamera.h>
+
+#include <atomic>
+#include <functional>
+#include <mutex>
+
+typedef struct _ArvCamera ArvCamera;
+typedef struct _ArvDevice ArvDevice;
+typedef struct _ArvGc ArvGc;
+typedef struct _ArvStream ArvStream;
+typedef struct _ArvBuffer ArvBuffer;
+
+namespace CameraPool {
+
+class CParameterHub;
+
+// An open Aravis camera. One recursive lock guards every Aravis call on it;
+// the stream callback takes no lock, it only moves buffers and bumps atomics.
+class CAravisCamera : public Plugin::CameraPool::ICamera
+{
+    Q_OBJECT
+public:
+    // Takes the camera reference; discard gets it back when the camera closes.
+    CAravisCamera(const CCameraInfoPtr& info, ArvCamera* camera, std::function<void(ArvCamera*)> discard);
+    ~CAravisCamera() override;
+
+    bool startGrabbing() override;
+    void stopGrabbing() override;
+    bool isGrabbing() const override { return m_grabbing.load(); }
+    Core::CameraPoolComponents::CameraInfoPtr cameraInfo() const override { return m_info; }
+
+    bool isConnectionLost() const { return m_connectionLost.load(); }
+    bool isOpen() const;
+    // Stops grabbing and gives the device back; later access raises.
+    void close();
+
+    // Runs f(camera, device, genicam) under the camera's lock. Raises the GenICam
+    // exception at once when the camera is closed or its connection is lost.
+    template <typename F>
+    auto access(F&& f) const
+    {
+        const std::unique_lock<std::recursive_mutex> guard = lockForAccess();
+        return f(m_camera, m_device, m_genicam);
+    }
+
+    bool isGigE() const { return m_isGigE; }
+    qint64 maxNumBuffer() const { return m_maxNumBuffer.load(); }
+    void setMaxNumBuffer(qint64 count);
+    // A counter of the stream by Aravis' name ("n_failures", ...), kept across restarts.
+    quint64 streamStatistic(const char* name) const;
+    // Aravis' packet-size probe, with the stream torn down and rebuilt around it.
+    void probePacketSize();
+
+    quint64 grabbedCount() const { return m_grabbed.load(std::memory_order_relaxed); }
+    quint64 failedCount() const { return m_failed.load(std::memory_order_relaxed); }
+
+    // The live view asks for copies of the frames; off by default.
+    void setFrameCopyEnabled(bool enabled) { m_copyFrames.store(enabled); }
+    // GUI thread only.
+    const CFrameExchange::SFrame* takeLatestFrame() { return m_frames.takeLatest(); }
+
+    CParameterHub* parameterHub() const { return m_hub; }
+    bool isController() const { return m_isController; }
+
+    // Called by Aravis: the first on the stream thread, the second on the heartbeat thread.
+    void onBufferDone(ArvBuffer* buffer);
+    void onControlLost();
+
+private:
+    std::unique_lock<std::recursive_mutex> lockForAccess() const;
+    void createStreamLocked();
+    void destroyStreamLocked(bool stopAcquisition);
+    void onConnectionLostQueued();
+
+    CCameraInfoPtr m_info;
+    Core::CameraPoolComponents::CameraInfoPtr m_baseInfo;
+    bool m_isController = true;
+    ArvCamera* m_camera = nullptr;
+    ArvDevice* m_device = nullptr;
+    ArvGc* m_genicam = nullptr;
+    ArvStream* m_stream = nullptr;
+    // The callback's view of m_stream.
+    std::atomic<ArvStream*> m_liveStream{nullptr};
+    std::function<void(ArvCamera*)> m_discard;
+    mutable std::recursive_mutex m_mutex;
+    bool m_isGigE = false;
+    unsigned long m_controlLostHandler = 0;
+
+    std::atomic<bool> m_grabbing{false};
+    std::atomic<bool> m_connectionLost{false};
+    std::atomic<bool> m_copyFrames{false};
+    std::atomic<qint64> m_maxNumBuffer{10};
+    std::atomic<quint64> m_grabbed{0};
+    std::atomic<quint64> m_failed{0};
+    QMap<QByteArray, quint64> m_statisticsBase;
+    CFrameExchange m_frames;
+    CParameterHub* m_hub = nullptr;
+};
+
+using CAravisCameraPtr = QSharedPointer<CAravisCamera>;
+
+} // namespace CameraPool

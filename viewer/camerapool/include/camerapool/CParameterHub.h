@@ -1,0 +1,47 @@
+#pragma once
+
+#include <ParameterCollection/IParameter.h>
+
+#include <QHash>
+#include <QObject>
+#include <QTimer>
+
+namespace CameraPool {
+
+class CAravisCamera;
+class IRefreshable;
+
+// The parameters of one camera, shared by all its collections: one object per
+// node, so a write through any collection reaches every receiver. Polls the
+// nodes that have receivers about once a second for changes made by others.
+class CParameterHub : public QObject
+{
+    Q_OBJECT
+public:
+    explicit CParameterHub(CAravisCamera* camera);
+
+    ParameterCollection::ParameterPtr cached(const QString& key) const;
+    void remember(const QString& key, const ParameterCollection::ParameterPtr& parameter);
+
+    // Any thread: after a write, the written node and every watched node that
+    // changed notify on the GUI thread.
+    void afterWrite(const QString& name);
+    void stopPolling();
+    void setPollInterval(int milliseconds) { m_pollTimer.setInterval(milliseconds); }
+
+private slots:
+    void onPoll();
+
+private:
+    void refreshAll(const QString& forcedName);
+
+    struct SEntry
+    {
+        QWeakPointer<ParameterCollection::IParameter> parameter;
+        IRefreshable* refreshable = nullptr;
+    };
+    QHash<QString, SEntry> m_entries;
+    QTimer m_pollTimer;
+};
+
+} // namespace CameraPool

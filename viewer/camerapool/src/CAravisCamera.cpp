@@ -1,0 +1,222 @@
+#include <camerapool/CAravisCamera.h>
+
+#include <camerapool/AravisError.h>
+#include <camerapool/CParameterHub.h>
+
+#include <camerapool/Aravis.h>
+
+namespace CameraPool {
+
+namespace {
+
+const char* const StatisticNames[] = {"n_completed_buffers", "n_failures",        "n_underruns",       "n_missing_frames",
+                                      "n_missing_packets",   "n_resend_requests", "n_resent_packets"};
+
+void streamCallback(void* userData, ArvStreamCallbackType type, ArvBuffer* buffer)
+{
+    if (type == ARV_STREAM_CALLBACK_TYPE_BUFFER_DONE)
+        static_cast<CAravisCamera*>(userData)->onBufferDone(buffer);
+}
+
+void controlLostCallback(ArvDevice*, gpointer userData)
+{
+    static_cast<CAravisCamera*>(userData)->onControlLost();
+}
+
+bool packetSocketAllowed()
+{
+    return qEnvironmentVariableIntValue("ZENTA_ARV_PACKET_SOCKET") == 1;
+}
+
+} // namespace
+
+CAravisCamera::CAravisCamera(const CCameraInfoPtr& info, ArvCamera* camera, std::function<void(ArvCamera*)> discard)
+    : m_info(info), m_baseInfo(info), m_camera(camera), m_discard(std::move(discard))
+{
+    m_device = arv_camera_get_device(m_camera);
+    m_genicam = arv_device_get_genicam(m_device);
+    m_isGigE = arv_camera_is_gv_device(m_camera);
+    // Aravis neither range-checks nor access-checks by default; the host's contract wants both.
+    arv_gc_set_range_check_policy(m_genicam, ARV_RANGE_CHECK_POLICY_ENABLE);
+    arv_gc_set_access_check_policy(m_genicam, ARV_ACCESS_CHECK_POLICY_ENABLE);
+    if (m_isGigE) {
+        ArvGvDevice* gv = ARV_GV_DEVICE(m_device);
+        // Only the optimisation run changes the packet size.
+        arv_gv_device_set_packet_size_adjustment(gv, ARV_GV_PACKET_SIZE_ADJUSTMENT_NEVER);
+        m_isController = arv_gv_device_is_controller(gv);
+    }
+    m_controlLostHandler = g_signal_connect(m_device, "control-lost", G_CALLBACK(controlLostCallback), this);
+    m_hub = new CParameterHub(this);
+}
+
+CAravisCamera::~CAravisCamera()
+{
+    close();
+}
+
+bool CAravisCamera::isOpen() const
+{
+    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    return m_camera != nullptr;
+}
+
+void CAravisCamera::close()
+{
+    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    if (!m_camera)
+        return;
+    if (m_hub)
+        m_hub->stopPolling();
+    destroyStreamLocked(true);
+    g_signal_handler_disconnect(m_device, m_controlLostHandler);
+    ArvCamera* camera = m_camera;
+    m_camera = nullptr;
+    m_device = nullptr;
+    m_genicam = nullptr;
+    if (m_discard)
+        m_discard(camera);
+    else
+        g_object_unref(camera);
+}
+
+std::unique_lock<std::recursive_mutex> CAravisCamera::lockForAccess() const
+{
+    // Checked before the lock as well: a dead camera's register access blocks for seconds.
+    if (m_connectionLost.load())
+        throwGenICam(QStringLiteral("The connection to the camera %1 is lost").arg(m_info->displayName()));
+    std::unique_lock<std::recursive_mutex> guard(m_mutex);
+    if (!m_camera)
+        throwGenICam(QStringLiteral("The camera %1 is closed").arg(m_info->displayName()));
+    if (m_connectionLost.load())
+        throwGenICam(QStringLiteral("The connection to the camera %1 is lost").arg(m_info->displayName()));
+    return guard;
+}
+
+bool CAravisCamera::startGrabbing()
+{
+    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    if (m_grabbing.load())
+        return true;
+    if (!m_camera || m_connectionLost.load())
+        return false;
+    try {
+        createStreamLocked();
+    } catch (const std::exception& e) {
+        qWarning("Cannot start grabbing on %s: %s", qPrintable(m_info->displayName()), e.what());
+        destroyStreamLocked(false);
+        return false;
+    }
+    return true;
+}
+
+void CAravisCamera::stopGrabbing()
+{
+    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    destroyStreamLocked(true);
+}
+
+void CAravisCamera::createStreamLocked()
+{
+    CGErrorSink error;
+    const guint payload = arv_camera_get_payload(m_camera, error.out());
+    error.check();
+    if (m_isGigE) {
+        arv_camera_gv_set_stream_options(m_camera, packetSocketAllowed() ? ARV_GV_STREAM_OPTION_NONE
+                                                                         : ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
+    }
+    m_frames.reset(payload);
+    m_stream = arv_camera_create_stream(m_camera, streamCallback, this, error.out());
+    error.check();
+    if (!m_stream)
+        throwGenICam(QStringLiteral("Aravis created no stream"));
+    const qint64 buffers = qMax<qint64>(1, m_maxNumBuffer.load());
+    for (qint64 i = 0; i < buffers; ++i)
+        arv_stream_push_buffer(m_stream, arv_buffer_new_allocate(payload));
+    m_liveStream.store(m_stream);
+    arv_camera_start_acquisition(m_camera, error.out());
+    error.check();
+    m_grabbing.store(true);
+}
+
+void CAravisCamera::destroyStreamLocked(bool stopAcquisition)
+{
+    const bool wasGrabbing = m_grabbing.exchange(false);
+    if (wasGrabbing && stopAcquisition && m_camera && !m_connectionLost.load()) {
+        CGErrorSink ignored;
+        arv_camera_stop_acquisition(m_camera, ignored.out());
+    }
+    if (!m_stream)
+        return;
+    m_liveStream.store(nullptr);
+    for (const char* name : StatisticNames) {
+        if (m_isGigE || qstrncmp(name, "n_missing", 9) != 0)
+            m_statisticsBase[name] += arv_stream_get_info_uint64_by_name(m_stream, name);
+    }
+    // Joins the stream thread; never called from the callback.
+    g_object_unref(m_stream);
+    m_stream = nullptr;
+}
+
+void CAravisCamera::onBufferDone(ArvBuffer*)
+{
+    ArvStream* stream = m_liveStream.load();
+    ArvBuffer* buffer = stream ? arv_stream_try_pop_buffer(stream) : nullptr;
+    if (!buffer)
+        return;
+    size_t received = 0;
+    const void* data = arv_buffer_get_data(buffer, &received);
+    const bool success = arv_buffer_get_status(buffer) == ARV_BUFFER_STATUS_SUCCESS;
+    (success ? m_grabbed : m_failed).fetch_add(1, std::memory_order_relaxed);
+    if (success && m_copyFrames.load(std::memory_order_relaxed)
+        && arv_buffer_get_payload_type(buffer) == ARV_BUFFER_PAYLOAD_TYPE_IMAGE) {
+        m_frames.publish(data, received, arv_buffer_get_image_width(buffer), arv_buffer_get_image_height(buffer),
+                         arv_buffer_get_image_pixel_format(buffer));
+    }
+    emit cameraImageGrabbed(m_baseInfo, Zenta::CGrabResultPtr(Zenta::CGrabResultData(success, received)));
+    arv_stream_push_buffer(stream, buffer);
+}
+
+void CAravisCamera::onControlLost()
+{
+    if (m_connectionLost.exchange(true))
+        return;
+    QMetaObject::invokeMethod(this, [this] { onConnectionLostQueued(); }, Qt::QueuedConnection);
+}
+
+void CAravisCamera::onConnectionLostQueued()
+{
+    emit cameraConnectionLost();
+}
+
+void CAravisCamera::setMaxNumBuffer(qint64 count)
+{
+    if (count < 1)
+        throwGenICam(QStringLiteral("MaxNumBuffer must be at least 1"));
+    m_maxNumBuffer.store(count);
+}
+
+quint64 CAravisCamera::streamStatistic(const char* name) const
+{
+    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    quint64 value = m_statisticsBase.value(name);
+    if (m_stream)
+        value += arv_stream_get_info_uint64_by_name(m_stream, name);
+    return value;
+}
+
+void CAravisCamera::probePacketSize()
+{
+    const std::unique_lock<std::recursive_mutex> guard = lockForAccess();
+    if (!m_isGigE)
+        throwGenICam(QStringLiteral("Packet size probing needs a GigE Vision camera"));
+    // The probe repoints the stream channel at its own socket and leaves it there.
+    const bool wasGrabbing = m_grabbing.load();
+    destroyStreamLocked(true);
+    CGErrorSink error;
+    arv_camera_gv_auto_packet_size(m_camera, error.out());
+    if (wasGrabbing)
+        createStreamLocked();
+    error.check();
+}
+
+} // namespace CameraPool
