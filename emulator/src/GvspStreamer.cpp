@@ -224,8 +224,9 @@ std::int64_t CGvspStreamer::service(std::int64_t nowNs)
     const bool freeRunning = s.acquiring && m_armed && !m_singleDone && !s.frameStartTriggered;
     if (freeRunning) {
         const double interval = s.frameIntervalSeconds * 1e9;
-        // After a stall, restart the frame clock instead of catching up with a burst of frames.
-        if (m_nextExposureNs < double(nowNs) - interval)
+        // Short stalls are absorbed by the frame queue; after a long one, restart the frame
+        // clock instead of catching up with a burst of frames.
+        if (m_nextExposureNs < double(nowNs) - double(kMaxQueuedFrames) * interval)
             m_nextExposureNs = double(nowNs);
         while (m_nextExposureNs <= double(nowNs) && !m_singleDone) {
             expose(s, m_nextExposureNs);
