@@ -1,0 +1,562 @@
+#include "bandwidthdialog.h"
+
+#include <host/fakes/CFakeCameraEnumerationService.h>
+#include <host/fakes/CFakeCameraInfo.h>
+#include <host/fakes/CFakeCameraStatusService.h>
+#include <host/fakes/CFakeDeviceInfo.h>
+#include <host/fakes/CFakeMessageLogService.h>
+#include <host/fakes/CModalResponder.h>
+
+#include <Core/Logging/CLogCapture.h>
+#include <Core/Plugin/CPluginManager.h>
+#include <Utilities/MessageBoxCheckable.h>
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTest>
+
+#include <memory>
+
+using namespace HostFakes;
+
+namespace {
+
+const QString InfoIcon = QStringLiteral(":/zentaviewercomponents/Resources/Info_32.png");
+const QString WarningIcon = QStringLiteral(":/zentaviewercomponents/Resources/Warning_16_black.png");
+const QString ErrorIcon = QStringLiteral(":/zentaviewercomponents/Resources/Error_16.png");
+const QString GeneralHintStart = QStringLiteral("The <b>Bandwidth (MB/s)</b> value of GigE cameras");
+
+// A tree whose rows are scripted; it records what the dialog asks of it.
+class CScriptedTree : public BandwidthTreeWidget
+{
+public:
+    size_t cameras = 0;
+    size_t measured = 0;
+    QStringList softwareTriggered;
+    QStringList hardwareTriggered;
+    int kind = 0;
+    qint64 limit = -1;
+    QString text;
+    QStringList calls;
+    int sampleCount = 0;
+
+    size_t cameraRowCount() const override { return cameras; }
+    size_t measuredCameraCount() const override { return measured; }
+    int currentItemKind() const override { return kind; }
+    QString currentItemText() const override { return text; }
+    bool currentItemThroughputLimit(qint64& value) const override
+    {
+        value = limit;
+        return kind == 2;
+    }
+    bool collectTriggeredCameras(QStringList* software, QStringList* hardware) override
+    {
+        *software = softwareTriggered;
+        *hardware = hardwareTriggered;
+        return !softwareTriggered.isEmpty() || !hardwareTriggered.isEmpty();
+    }
+    bool startCamera(FlatTreeItemID id) override { return record(QStringLiteral("startCamera:%1").arg(id)); }
+    bool stopCamera(FlatTreeItemID id) override { return record(QStringLiteral("stopCamera:%1").arg(id)); }
+    bool startCameraByKey(const QString& key) override { return record(QStringLiteral("startCameraByKey:") + key); }
+    void startAcquisition() override { record(QStringLiteral("startAcquisition")); }
+    void stopAcquisition() override { record(QStringLiteral("stopAcquisition")); }
+    void updateSamples() override { ++sampleCount; }
+
+private:
+    bool record(const QString& call)
+    {
+        calls.append(call);
+        return true;
+    }
+};
+
+QImage expectedIcon(const QString& path)
+{
+    return QPixmap(path).scaled(24, 24, Qt::IgnoreAspectRatio, Qt::FastTransformation).toImage();
+}
+
+class BandwidthDialogTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        QSettings().remove(QStringLiteral("BandwidthManager"));
+        MessageBoxCheckable::forgetSavedAnswer(QStringLiteral("BandwidthManagerGigePopup"));
+        Core::Logging::setStderrEnabled(false);
+    }
+    void TearDown() override { Core::Logging::setStderrEnabled(true); }
+
+    template <typename T>
+    QSharedPointer<T> addService()
+    {
+        auto service = QSharedPointer<T>::create();
+        m_manager->addService(service);
+        return service;
+    }
+
+    std::unique_ptr<BandwidthDialog> makeDialog(CScriptedTree* tree = nullptr, QAction* help = nullptr)
+    {
+        m_tree = tree ? tree : new CScriptedTree;
+        return std::make_unique<BandwidthDialog>(m_manager.toWeakRef(), nullptr, Qt::WindowFlags(), help, m_tree);
+    }
+
+    static void storeSetting(const char* key, const QVariant& value)
+    {
+        if (!value.isValid())
+            return;
+        QSettings settings;
+        settings.setValue(QStringLiteral("BandwidthManager/") + QLatin1String(key), value);
+    }
+
+    template <typename T>
+    static T* widget(const std::unique_ptr<BandwidthDialog>& dialog, const char* name)
+    {
+        T* child = dialog->findChild<T*>(QLatin1String(name));
+        EXPECT_NE(child, nullptr) << name;
+        return child;
+    }
+
+    Core::Plugin::PluginManagerPtr m_manager = Core::Plugin::PluginManagerPtr::create();
+    CScriptedTree* m_tree = nullptr;
+};
+
+struct SStopAfterCase
+{
+    const char* name;
+    QVariant storedValue;
+    QVariant storedUnit;
+    QVariant storedActive;
+    int value;
+    int unit;
+    int maximum;
+    bool checked;
+};
+
+class StopAfterSettings : public BandwidthDialogTest, public ::testing::WithParamInterface<SStopAfterCase>
+{
+};
+
+TEST_P(StopAfterSettings, AreReadBackWithTheSpinBoxClamps)
+{
+    const SStopAfterCase& c = GetParam();
+    storeSetting("StopAfterValue", c.storedValue);
+    storeSetting("StopAfterUnit", c.storedUnit);
+    storeSetting("StopAfterActive", c.storedActive);
+
+    const auto dialog = makeDialog();
+    const auto* spin = widget<QSpinBox>(dialog, "spinTime");
+    EXPECT_EQ(spin->value(), c.value);
+    EXPECT_EQ(spin->minimum(), 1);
+    EXPECT_EQ(spin->maximum(), c.maximum);
+    EXPECT_EQ(widget<QComboBox>(dialog, "comboTimeUnits")->currentIndex(), c.unit);
+    EXPECT_EQ(widget<QCheckBox>(dialog, "checkStopAfter")->isChecked(), c.checked);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Dialog, StopAfterSettings,
+    ::testing::Values(
+        SStopAfterCase{"nothing_stored_gives_30_seconds_off", {}, {}, {}, 30, 0, 2147483, false},
+        SStopAfterCase{"stored_500_comes_back_as_99", 500, 0, {}, 99, 0, 2147483, false},
+        SStopAfterCase{"stored_0_comes_back_as_1", 0, 0, {}, 1, 0, 2147483, false},
+        SStopAfterCase{"days_clamp_a_stored_60_to_24", 60, 3, {}, 24, 3, 24, false},
+        SStopAfterCase{"minutes_keep_a_stored_45", 45, 1, 1, 45, 1, 35791, true},
+        SStopAfterCase{"an_unknown_unit_allows_only_1", 30, 7, {}, 1, -1, 1, false},
+        SStopAfterCase{"active_stored_as_the_text_true", 30, 2, QStringLiteral("true"), 30, 2, 596, true},
+        SStopAfterCase{"active_stored_as_0", 30, 0, 0, 30, 0, 2147483, false}),
+    [](const ::testing::TestParamInfo<SStopAfterCase>& info) { return std::string(info.param.name); });
+
+TEST_F(BandwidthDialogTest, ChangingTheUnitClampsTheValue)
+{
+    const auto dialog = makeDialog();
+    auto* spin = widget<QSpinBox>(dialog, "spinTime");
+    auto* units = widget<QComboBox>(dialog, "comboTimeUnits");
+    spin->setValue(99);
+    units->setCurrentIndex(3);
+    EXPECT_EQ(spin->value(), 24);
+    EXPECT_EQ(spin->maximum(), 24);
+    units->setCurrentIndex(2);
+    EXPECT_EQ(spin->value(), 24);
+    EXPECT_EQ(spin->maximum(), 596);
+}
+
+TEST_F(BandwidthDialogTest, CloseButtonSavesSettingsAndColumnsForTheNextDialog)
+{
+    {
+        const auto dialog = makeDialog();
+        auto* tree = widget<QTreeWidget>(dialog, "treeBandwidth");
+        EXPECT_EQ(tree->columnCount(), 8);
+        EXPECT_EQ(tree->header()->sectionSize(0), 280);
+        EXPECT_TRUE(tree->header()->stretchLastSection());
+        tree->header()->resizeSection(0, 333);
+        widget<QComboBox>(dialog, "comboTimeUnits")->setCurrentIndex(1);
+        widget<QSpinBox>(dialog, "spinTime")->setValue(45);
+        widget<QCheckBox>(dialog, "checkStopAfter")->setChecked(true);
+        widget<QPushButton>(dialog, "btnClose")->click();
+        EXPECT_EQ(dialog->result(), 1);
+    }
+    QSettings settings;
+    EXPECT_EQ(settings.value(QStringLiteral("BandwidthManager/StopAfterValue")).toInt(), 45);
+    EXPECT_EQ(settings.value(QStringLiteral("BandwidthManager/StopAfterUnit")).toInt(), 1);
+    EXPECT_TRUE(settings.value(QStringLiteral("BandwidthManager/StopAfterActive")).toBool());
+
+    const auto dialog = makeDialog();
+    EXPECT_EQ(widget<QSpinBox>(dialog, "spinTime")->value(), 45);
+    EXPECT_EQ(widget<QComboBox>(dialog, "comboTimeUnits")->currentIndex(), 1);
+    EXPECT_TRUE(widget<QCheckBox>(dialog, "checkStopAfter")->isChecked());
+    EXPECT_EQ(widget<QTreeWidget>(dialog, "treeBandwidth")->header()->sectionSize(0), 333);
+}
+
+TEST_F(BandwidthDialogTest, EscapeWritesNoSettings)
+{
+    const auto dialog = makeDialog();
+    widget<QSpinBox>(dialog, "spinTime")->setValue(12);
+    widget<QCheckBox>(dialog, "checkStopAfter")->setChecked(true);
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    QSettings settings;
+    settings.beginGroup(QStringLiteral("BandwidthManager"));
+    EXPECT_TRUE(settings.allKeys().isEmpty()) << settings.allKeys().join(QLatin1Char(',')).toStdString();
+}
+
+struct SButtonCase
+{
+    const char* name;
+    size_t cameras;
+    size_t measured;
+    bool stopAfter;
+    bool running;
+    bool resetEnabled;
+    bool startEnabled;
+    bool stopEnabled;
+    bool checkEnabled;
+    bool timeEnabled;
+};
+
+class ButtonStates : public BandwidthDialogTest, public ::testing::WithParamInterface<SButtonCase>
+{
+};
+
+TEST_P(ButtonStates, FollowRowsAndRunState)
+{
+    const SButtonCase& c = GetParam();
+    auto* tree = new CScriptedTree;
+    tree->cameras = c.cameras;
+    tree->measured = c.measured;
+    storeSetting("StopAfterActive", c.stopAfter ? 1 : 0);
+    const auto dialog = makeDialog(tree);
+    if (c.running)
+        dialog->onStartStopClicked();
+
+    const auto* start = widget<QPushButton>(dialog, "btnStart");
+    const auto* stop = widget<QPushButton>(dialog, "btnStop");
+    EXPECT_EQ(widget<QPushButton>(dialog, "btnReset")->isEnabled(), c.resetEnabled);
+    EXPECT_EQ(start->isEnabled(), c.startEnabled);
+    EXPECT_EQ(start->isHidden(), c.running);
+    EXPECT_EQ(start->isDefault(), !c.running);
+    EXPECT_EQ(stop->isEnabled(), c.stopEnabled);
+    EXPECT_EQ(stop->isHidden(), !c.running);
+    EXPECT_EQ(widget<QCheckBox>(dialog, "checkStopAfter")->isEnabled(), c.checkEnabled);
+    EXPECT_EQ(widget<QSpinBox>(dialog, "spinTime")->isEnabled(), c.timeEnabled);
+    EXPECT_EQ(widget<QComboBox>(dialog, "comboTimeUnits")->isEnabled(), c.timeEnabled);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Dialog, ButtonStates,
+    ::testing::Values(SButtonCase{"no_camera_row", 0, 0, false, false, false, false, false, true, false},
+                      SButtonCase{"cameras_but_none_measured", 2, 0, false, false, true, false, false, true, false},
+                      SButtonCase{"a_measured_camera", 2, 1, false, false, true, true, false, true, false},
+                      SButtonCase{"stop_after_ticked_while_idle", 2, 1, true, false, true, true, false, true, true},
+                      SButtonCase{"running_with_stop_after", 2, 1, true, true, true, false, true, false, false}),
+    [](const ::testing::TestParamInfo<SButtonCase>& info) { return std::string(info.param.name); });
+
+struct SHintCase
+{
+    const char* name;
+    size_t cameras;
+    QStringList software;
+    QStringList hardware;
+    bool running;
+    int kind;
+    qint64 limit;
+    QString icon;
+    QString text; // a text ending in "..." is a prefix
+};
+
+class HintLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SHintCase>
+{
+};
+
+TEST_P(HintLine, FirstMatchingRuleWins)
+{
+    const SHintCase& c = GetParam();
+    auto* tree = new CScriptedTree;
+    tree->cameras = c.cameras;
+    tree->measured = c.cameras;
+    tree->softwareTriggered = c.software;
+    tree->hardwareTriggered = c.hardware;
+    tree->kind = c.kind;
+    tree->limit = c.limit;
+    tree->text = QStringLiteral("Cam A");
+    const auto dialog = makeDialog(tree);
+    if (c.running)
+        dialog->onStartStopClicked();
+
+    const QString text = widget<QLabel>(dialog, "labelHintText")->text();
+    if (c.text.endsWith(QLatin1String("...")))
+        EXPECT_TRUE(text.startsWith(c.text.chopped(3))) << text.toStdString();
+    else
+        EXPECT_EQ(text, c.text);
+    const QImage expected = expectedIcon(c.icon);
+    ASSERT_FALSE(expected.isNull()) << c.icon.toStdString();
+    EXPECT_EQ(widget<QLabel>(dialog, "labelHintIcon")->pixmap(Qt::ReturnByValue).toImage(), expected);
+    EXPECT_TRUE(widget<QLabel>(dialog, "labelHintText2")->isHidden());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Dialog, HintLine,
+    ::testing::Values(
+        SHintCase{"no_camera_row", 0, {}, {}, false, 0, -1, WarningIcon,
+                  "No camera connected!<br/>Connect at least one USB camera to the computer. After the camera has been "
+                  "detected by the zenta Viewer, you are ready to use the Bandwidth Manager."},
+        SHintCase{"software_and_hardware_triggers", 3, {"Cam A", "Cam B"}, {"Cam C"}, false, 0, -1, ErrorIcon,
+                  "Software trigger enabled on Cam A, Cam B!<br/>Hardware trigger enabled on Cam C!"},
+        SHintCase{"only_a_software_trigger", 1, {"Cam A"}, {}, false, 0, -1, ErrorIcon,
+                  "Software trigger enabled on Cam A!"},
+        SHintCase{"only_a_hardware_trigger", 1, {}, {"Cam C"}, false, 0, -1, WarningIcon,
+                  "Hardware trigger enabled on Cam C!"},
+        SHintCase{"trigger_warning_stays_while_running", 1, {}, {"Cam C"}, true, 0, -1, WarningIcon,
+                  "Hardware trigger enabled on Cam C!"},
+        SHintCase{"running", 1, {}, {}, true, 2, 5000000, InfoIcon,
+                  "Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera using the controls "
+                  "in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop Analysis</b> to stop the analysis."},
+        SHintCase{"camera_with_a_limit", 1, {}, {}, false, 2, 5000000, InfoIcon,
+                  "The current value for <b>Cam A</b> is: <b>..."},
+        SHintCase{"camera_without_a_limit", 1, {}, {}, false, 2, -1, InfoIcon, GeneralHintStart + "..."},
+        SHintCase{"adapter_row", 1, {}, {}, false, 3, 5000000, InfoIcon, GeneralHintStart + "..."}),
+    [](const ::testing::TestParamInfo<SHintCase>& info) { return std::string(info.param.name); });
+
+struct SResultCase
+{
+    const char* name;
+    bool packetSize;
+    bool interPacketDelay;
+    bool frameTransmissionDelay;
+    bool limited;
+    bool tooMany;
+    bool defaulted;
+    const char* text;
+};
+
+const char MaximumRemark[] = "<br>The <b>Packet Size</b> setting has been increased to its maximum value. If you want "
+                             "to increase performance further, enable jumbo frames on your network adapter.";
+const char TooManyRemark[] = "<br>Currently, there are too many cameras connected to your network adapter. The "
+                             "Bandwidth Manager can't optimize the performance under these conditions. Try "
+                             "disconnecting one or more cameras to resolve this.";
+const char DefaultRemark[] =
+    "<br>The <b>Packet Size</b> setting could not be optimized. A default value of 1500 has been set.";
+
+class ResultLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SResultCase>
+{
+};
+
+TEST_P(ResultLine, NamesWhatTheOptimizationChanged)
+{
+    const SResultCase& c = GetParam();
+    auto* tree = new CScriptedTree;
+    tree->cameras = 1;
+    const auto dialog = makeDialog(tree);
+    BandwidthTreeWidget::SOptimizationResult result;
+    result.packetSizeChanged = c.packetSize;
+    result.interPacketDelayChanged = c.interPacketDelay;
+    result.frameTransmissionDelayChanged = c.frameTransmissionDelay;
+    result.packetSizeLimited = c.limited;
+    result.tooManyCameras = c.tooMany;
+    result.packetSizeDefaulted = c.defaulted;
+    emit tree->optimizedGigECamera(result);
+
+    const auto* line = widget<QLabel>(dialog, "labelHintText2");
+    EXPECT_FALSE(line->isHidden());
+    EXPECT_EQ(line->text(), QString::fromUtf8(c.text));
+    EXPECT_EQ(widget<QLabel>(dialog, "labelHintIcon2")->pixmap(Qt::ReturnByValue).toImage(), expectedIcon(InfoIcon));
+
+    // The next hint update, here from a ticked camera, clears the result.
+    emit tree->cameraChecked(4, {}, Qt::Checked);
+    EXPECT_TRUE(line->isHidden());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Dialog, ResultLine,
+    ::testing::Values(
+        SResultCase{"all_three", true, true, true, false, false, false,
+                    "The <b>Packet Size</b>, <b>Inter-Packet Delay</b> and <b>Frame Transmission Delay</b> settings "
+                    "have been optimized."},
+        SResultCase{"packet_size_and_delay", true, true, false, false, false, false,
+                    "The <b>Packet Size</b> and <b>Inter-Packet Delay</b> settings has been optimized."},
+        SResultCase{"packet_size_and_transmission_delay", true, false, true, false, false, false,
+                    "The <b>Packet Size</b> and <b>Frame Transmission Delay</b> settings has been optimized."},
+        SResultCase{"packet_size", true, false, false, false, false, false,
+                    "The <b>Packet Size</b> setting has been optimized"},
+        SResultCase{"both_delays", false, true, true, false, false, false,
+                    "The <b>Inter-Packet Delay</b> and <b>Frame Transmission Delay</b> settings has been optimized."},
+        SResultCase{"inter_packet_delay", false, true, false, false, false, false,
+                    "The <b>Inter-Packet Delay</b> setting has been optimized"},
+        SResultCase{"frame_transmission_delay", false, false, true, false, false, false,
+                    "The <b>Frame Transmission Delay</b> setting has been optimized"},
+        SResultCase{"nothing_changed", false, false, false, false, false, false,
+                    "Settings have been checked and are ok. No changes have been made."},
+        SResultCase{"packet_size_at_its_maximum", true, false, false, true, false, false,
+                    "The <b>Packet Size</b> setting has been optimized<br>The <b>Packet Size</b> setting has been "
+                    "increased to its maximum value. If you want to increase performance further, enable jumbo frames "
+                    "on your network adapter."},
+        SResultCase{"too_many_cameras", false, true, false, false, true, false,
+                    "The <b>Inter-Packet Delay</b> setting has been optimized<br>Currently, there are too many cameras "
+                    "connected to your network adapter. The Bandwidth Manager can't optimize the performance under "
+                    "these conditions. Try disconnecting one or more cameras to resolve this."},
+        SResultCase{"packet_size_defaulted", false, false, false, false, false, true,
+                    "Settings have been checked and are ok. No changes have been made.<br>The <b>Packet Size</b> "
+                    "setting could not be optimized. A default value of 1500 has been set."}),
+    [](const ::testing::TestParamInfo<SResultCase>& info) { return std::string(info.param.name); });
+
+TEST_F(BandwidthDialogTest, RemarksFollowInTheirOrder)
+{
+    auto* tree = new CScriptedTree;
+    const auto dialog = makeDialog(tree);
+    BandwidthTreeWidget::SOptimizationResult result;
+    result.packetSizeDefaulted = result.tooManyCameras = result.packetSizeLimited = true;
+    emit tree->optimizedGigECamera(result);
+    EXPECT_EQ(widget<QLabel>(dialog, "labelHintText2")->text(),
+              QStringLiteral("Settings have been checked and are ok. No changes have been made.") + MaximumRemark
+                  + TooManyRemark + DefaultRemark);
+}
+
+TEST_F(BandwidthDialogTest, CheckStatesStartAndStopCameras)
+{
+    auto* tree = new CScriptedTree;
+    const auto dialog = makeDialog(tree);
+    emit tree->cameraChecked(3, {}, Qt::Checked);
+    emit tree->cameraChecked(3, {}, Qt::PartiallyChecked);
+    emit tree->cameraChecked(5, {}, Qt::Unchecked);
+    EXPECT_EQ(tree->calls, (QStringList{"startCamera:3", "stopCamera:5"}));
+}
+
+TEST_F(BandwidthDialogTest, StopAfterOneSecondEndsTheAnalysisWithItsLogLines)
+{
+    const auto messageLog = addService<CFakeMessageLogService>();
+    storeSetting("StopAfterValue", 1);
+    storeSetting("StopAfterActive", 1);
+    auto* tree = new CScriptedTree;
+    tree->cameras = tree->measured = 1;
+    const auto dialog = makeDialog(tree);
+    Core::Logging::CLogCapture log;
+
+    widget<QPushButton>(dialog, "btnStart")->click();
+    EXPECT_FALSE(widget<QPushButton>(dialog, "btnStop")->isHidden());
+    QTRY_VERIFY_WITH_TIMEOUT(tree->calls.contains(QStringLiteral("stopAcquisition")), 3000);
+
+    EXPECT_EQ(tree->calls, (QStringList{"startAcquisition", "stopAcquisition"}));
+    EXPECT_GE(tree->sampleCount, 2);
+    EXPECT_TRUE(widget<QPushButton>(dialog, "btnStop")->isHidden());
+    EXPECT_TRUE(widget<QLabel>(dialog, "labelHintText")->text().startsWith(GeneralHintStart));
+    EXPECT_EQ(log.texts(), (QStringList{"Bandwidth analysis has been started.", "Stop Bandwidth analysis."}));
+    ASSERT_EQ(messageLog->messages().size(), 2);
+    for (const auto& message : messageLog->messages()) {
+        EXPECT_EQ(message.severity, 1);
+        EXPECT_EQ(message.source, QStringLiteral("Bandwidth Manager"));
+        EXPECT_TRUE(message.timestamp.isNull());
+    }
+    EXPECT_EQ(messageLog->messages().at(1).message, QStringLiteral("Stop Bandwidth analysis."));
+}
+
+TEST_F(BandwidthDialogTest, TreeErrorsGoToBothLogsWithoutTheirTimestamp)
+{
+    const auto messageLog = addService<CFakeMessageLogService>();
+    auto* tree = new CScriptedTree;
+    const auto dialog = makeDialog(tree);
+    Core::Logging::CLogCapture log;
+    emit tree->errorOccurred(QStringLiteral("cam-key"), QStringLiteral("Error accessing camera!"),
+                             QDateTime::currentDateTime());
+    ASSERT_EQ(messageLog->messages().size(), 1);
+    EXPECT_EQ(messageLog->messages().at(0).severity, 3);
+    EXPECT_EQ(messageLog->messages().at(0).source, QStringLiteral("cam-key"));
+    EXPECT_TRUE(messageLog->messages().at(0).timestamp.isNull());
+    ASSERT_EQ(log.entries().size(), 1);
+    EXPECT_EQ(log.entries().at(0).level, Core::Logging::LogLevelError);
+    EXPECT_EQ(log.entries().at(0).categoryName, QStringLiteral("zenta.viewer.plugins.bandwidthManager.dialog"));
+}
+
+struct SOfferCase
+{
+    const char* name;
+    QString currentClass; // empty: the current device is no camera
+    bool grabbing;
+    bool offered;
+    QStringList calls;
+};
+
+class GigEOfferAndPreselection : public BandwidthDialogTest, public ::testing::WithParamInterface<SOfferCase>
+{
+};
+
+TEST_P(GigEOfferAndPreselection, FollowTheCurrentDevice)
+{
+    const SOfferCase& c = GetParam();
+    const auto enumeration = addService<CFakeCameraEnumerationService>();
+    const auto status = addService<CFakeCameraStatusService>();
+    enumeration->addTransportLayer(QStringLiteral("DorvikUsb"), {CFakeCameraInfo::create("Usb", "usb-1", "U3V")});
+    enumeration->addTransportLayer(QStringLiteral("DorvikGigE"), {CFakeCameraInfo::create("G1", "gev-1", "GEV"),
+                                                                   CFakeCameraInfo::create("G2", "gev-2", "GEV")});
+    if (c.currentClass.isEmpty())
+        status->setCurrentDevice(Core::CameraPoolComponents::DeviceBaseInfoPtr(new CFakeDeviceInfo("eth0", "10.0.0.1")));
+    else
+        status->setCurrentDevice(CFakeCameraInfo::create("Current", "current", c.currentClass));
+    status->setGrabbing(QStringLiteral("current"), c.grabbing);
+    Core::Logging::CLogCapture log;
+
+    CModalResponder responder;
+    responder.expect(CModalResponder::clickButtonWithText(QStringLiteral("Optimize GigE Bandwidth")));
+    auto* tree = new CScriptedTree;
+    const auto dialog = makeDialog(tree);
+    EXPECT_EQ(responder.seen(), c.offered ? QStringList{"MessageBoxCheckable"} : QStringList{});
+    EXPECT_EQ(tree->calls, c.calls);
+
+    // The optimisation is queued for the dialog's event loop.
+    QTest::qWait(20);
+    EXPECT_EQ(log.contains(QStringLiteral("All GigE cameras are being optimized.")), c.offered);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Dialog, GigEOfferAndPreselection,
+    ::testing::Values(
+        SOfferCase{"idle_gige_camera_current", "GEV", false, true,
+                   {"startCameraByKey:gev-1", "startCameraByKey:gev-2", "startCameraByKey:current"}},
+        SOfferCase{"grabbing_gige_camera_is_not_preselected", "GEV", true, true,
+                   {"startCameraByKey:gev-1", "startCameraByKey:gev-2"}},
+        SOfferCase{"usb_camera_current_gets_no_offer", "U3V", false, false, {"startCameraByKey:current"}},
+        SOfferCase{"adapter_current_gets_the_offer", "", false, true,
+                   {"startCameraByKey:gev-1", "startCameraByKey:gev-2"}}),
+    [](const ::testing::TestParamInfo<SOfferCase>& info) { return std::string(info.param.name); });
+
+TEST_F(BandwidthDialogTest, F1TriggersAnEnabledHelpAction)
+{
+    QAction help;
+    QSignalSpy triggered(&help, &QAction::triggered);
+    const auto dialog = makeDialog(nullptr, &help);
+    QTest::keyClick(dialog.get(), Qt::Key_F1);
+    help.setEnabled(false);
+    QTest::keyClick(dialog.get(), Qt::Key_F1);
+    QTest::keyClick(dialog.get(), Qt::Key_F1, Qt::ShiftModifier);
+    help.setEnabled(true);
+    QTest::keyClick(dialog.get(), Qt::Key_F1, Qt::ShiftModifier);
+    EXPECT_EQ(triggered.count(), 1);
+}
+
+} // namespace
