@@ -41,7 +41,7 @@ measure() {
   wait "$pid"
   local dt frames bytes drops
   calc() { awk "BEGIN { print $1 }"; }
-  dt=$(calc "$t1 - $t0")
+  dt=$(calc "($(field at_ns "$out.after") - $(field at_ns "$out.before")) / 1e9")
   frames=$(( $(field to_host "$out.after") - $(field to_host "$out.before") ))
   bytes=$(( $(field to_host_bytes "$out.after") - $(field to_host_bytes "$out.before") ))
   drops=$(( $(field dropped "$out.after") - $(field dropped "$out.before") ))
@@ -49,7 +49,7 @@ measure() {
     "$name" "$(calc "$frames / $dt")" "$(calc "$bytes / $dt / 1000000")" \
     "$(calc "$drops / $dt")" \
     "$(sed -n 's/.*mbytes_per_s=\([0-9.]*\).*/\1/p' "$out" | tail -1)" \
-    "$(calc "($c1 - $c0) / 100 / $dt")" "$(cut -d' ' -f1 /proc/loadavg)"
+    "$(calc "($c1 - $c0) / 100 / ($t1 - $t0)")" "$(cut -d' ' -f1 /proc/loadavg)"
   rm -f "$out" "$out.before" "$out.after"
 }
 export -f measure

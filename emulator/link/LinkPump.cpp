@@ -117,6 +117,7 @@ void CLinkPump::run(volatile std::sig_atomic_t* stop, volatile std::sig_atomic_t
 
         if (now >= nextStats || *report) {
             m_stats.framesRingDropped += m_ring.takeDrops();
+            m_stats.takenAtNs = now;
             writeStatsFile();
             if (*report)
                 std::cerr << m_stats.format() << std::endl;
@@ -140,6 +141,7 @@ void CLinkPump::run(volatile std::sig_atomic_t* stop, volatile std::sig_atomic_t
         ::ppoll(fds, 2, &timeout, &waitMask);
     }
     m_stats.framesRingDropped += m_ring.takeDrops();
+    m_stats.takenAtNs = clockNs(CLOCK_MONOTONIC);
     writeStatsFile();
 }
 

@@ -11,7 +11,7 @@ std::string SLinkStats::format() const
         << " dropped=" << framesDropped << " dropped_bytes=" << bytesDropped
         << " overrun=" << framesOverrun << " too_big=" << framesTooBig
         << " ring_dropped=" << framesRingDropped << " to_cameras=" << framesToCameras
-        << " host_write_errors=" << hostWriteErrors << " max_backlog=" << maxBacklogBytes;
+        << " host_write_errors=" << hostWriteErrors << " max_backlog=" << maxBacklogBytes << " at_ns=" << takenAtNs;
     return out.str();
 }
 

@@ -19,6 +19,8 @@ struct SLinkStats
     std::uint64_t framesToCameras = 0;
     std::uint64_t hostWriteErrors = 0;
     std::uint64_t maxBacklogBytes = 0;
+    // CLOCK_MONOTONIC when the counters were taken, so rates need no guessing.
+    std::int64_t takenAtNs = 0;
 
     // One line of key=value pairs, stable for scripts.
     std::string format() const;
