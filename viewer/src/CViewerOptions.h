@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+
+namespace Viewer {
+
+struct SViewerOptions
+{
+    QString pluginDir;
+    bool openBandwidthManager = false;
+    QString screenshotFile;
+    int screenshotDelayMs = 3000;
+    QString error;
+
+    // The plug-in folder: --plugin-dir, else ZENTA_PLUGIN_DIR, else "plugins" beside the binary.
+    static SViewerOptions parse(const QStringList& arguments, const QProcessEnvironment& environment,
+                                const QString& applicationDir);
+};
+
+} // namespace Viewer
