@@ -23,10 +23,10 @@ void FpsStatistic::addSample(size_t bytes)
     // Single writer: nobody else stores m_count, so a relaxed load is exact.
     const std::uint64_t index = m_count.load(std::memory_order_relaxed);
     m_begun.store(index + 1, std::memory_order_relaxed);
-    std::atomic_thread_fence(std::memory_order_release);
+    // Release: a reader that sees either new value also sees m_begun raised.
     SSlot& slot = m_slots[index % kCapacity];
-    slot.time.store(m_clock(), std::memory_order_relaxed);
-    slot.bytes.store(bytes, std::memory_order_relaxed);
+    slot.time.store(m_clock(), std::memory_order_release);
+    slot.bytes.store(bytes, std::memory_order_release);
     m_count.store(index + 1, std::memory_order_release);
 }
 
@@ -48,12 +48,10 @@ void FpsStatistic::computeResult(double& fps, size_t& bytesPerSecond) const
     const std::uint64_t copied = count - first;
     for (std::uint64_t i = 0; i < copied; ++i) {
         const SSlot& slot = m_slots[(first + i) % kCapacity];
-        times[i] = slot.time.load(std::memory_order_relaxed);
-        sizes[i] = slot.bytes.load(std::memory_order_relaxed);
+        times[i] = slot.time.load(std::memory_order_acquire);
+        sizes[i] = slot.bytes.load(std::memory_order_acquire);
     }
-    // Pairs with the release fence in addSample: any slot the writer began to
-    // overwrite while we copied shows up in m_begun now.
-    std::atomic_thread_fence(std::memory_order_acquire);
+    // Any slot the writer began to overwrite while we copied shows up here.
     const std::uint64_t begun = m_begun.load(std::memory_order_relaxed);
     const std::uint64_t overwritten = begun > std::uint64_t(kCapacity) ? begun - kCapacity : 0;
     std::uint64_t skip = overwritten > first ? overwritten - first : 0;

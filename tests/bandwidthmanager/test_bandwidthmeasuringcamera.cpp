@@ -1,9 +1,8 @@
 #include "bandwidthmeasuringcamera.h"
 
-#include <parameters/fakes/CScriptedCameraControlService.h>
-#include <parameters/fakes/CScriptedCameraInfo.h>
-#include <parameters/fakes/CScriptedCameraStatusService.h>
-#include <parameters/fakes/CScriptedGrabCamera.h>
+#include <host/fakes/CFakeCameraControlService.h>
+#include <host/fakes/CFakeCameraInfo.h>
+#include <host/fakes/CFakeCameraStatusService.h>
 #include <parameters/fakes/CScriptedParameterCollection.h>
 
 #include <gtest/gtest.h>
@@ -11,6 +10,7 @@
 #include <memory>
 
 using namespace Plugin::BandwidthManager;
+using namespace HostFakes;
 using namespace ParameterFakes;
 
 namespace {
@@ -21,12 +21,13 @@ const QString kMissed = QStringLiteral("@StreamGrabber0/Statistic_Missed_Frame_C
 class MeasuringCameraTest : public ::testing::Test
 {
 protected:
-    void SetUp() override { control->acquirable = camera; }
+    void SetUp() override { control->setAlreadyOpen(key); }
 
     CBandwidthMeasuringCamera& open()
     {
         measuring = std::make_unique<CBandwidthMeasuringCamera>(parameters, info, status, control);
         EXPECT_TRUE(measuring->openCamera());
+        camera = control->camera(key);
         measuring->initParameters();
         return *measuring;
     }
@@ -35,14 +36,15 @@ protected:
     void grab(const char* pattern)
     {
         for (const char* p = pattern; *p; ++p)
-            camera->fireGrabResult(*p == '+', 1000);
+            camera->grab(*p == '+', 1000);
     }
 
     QSharedPointer<CScriptedParameterCollection> parameters = QSharedPointer<CScriptedParameterCollection>::create();
-    Core::CameraPoolComponents::CameraInfoPtr info{new CScriptedCameraInfo("Cam 1", "U3V")};
-    QSharedPointer<CScriptedCameraStatusService> status = QSharedPointer<CScriptedCameraStatusService>::create();
-    QSharedPointer<CScriptedCameraControlService> control = QSharedPointer<CScriptedCameraControlService>::create();
-    QSharedPointer<CScriptedGrabCamera> camera = QSharedPointer<CScriptedGrabCamera>::create(info);
+    const QString key = QStringLiteral("U3V:Cam 1");
+    Core::CameraPoolComponents::CameraInfoPtr info = CFakeCameraInfo::create("Cam 1", key, "U3V");
+    QSharedPointer<CFakeCameraStatusService> status = QSharedPointer<CFakeCameraStatusService>::create();
+    QSharedPointer<CFakeCameraControlService> control = QSharedPointer<CFakeCameraControlService>::create();
+    QSharedPointer<CFakeCamera> camera;
     std::unique_ptr<CBandwidthMeasuringCamera> measuring;
 };
 
@@ -110,7 +112,7 @@ TEST_F(MeasuringCameraTest, idleCameraEstimatesBandwidthAndKeepsItWhileGrabbing)
     EXPECT_DOUBLE_EQ(sample.fpsReceived, -1.0);
 
     parameters->setValue("PayloadSize", 100);
-    status->setGrabbing(true);
+    status->setGrabbing(key, true);
     sample = measuring->getSample();
     EXPECT_EQ(sample.bandwidth, 13835058055282163712ULL);
     EXPECT_EQ(sample.deviceLinkThroughputLimit, 1000);
@@ -138,7 +140,7 @@ TEST_P(MeasuringCameraLimitSignal, limitChangeRereadsFrameRate)
     open();
     measuring->getSample();
     measuring->startMeasuring();
-    status->setGrabbing(true);
+    status->setGrabbing(key, true);
     measuring->getSample();
     parameters->setValue("ResultingFrameRate", 20.0);
     measuring->getSample();
@@ -160,7 +162,7 @@ TEST_F(MeasuringCameraTest, resetClearsCountsAndStampsOnlyWhileGrabbing)
     grab("++-");
     for (bool grabbing : {true, false}) {
         SCOPED_TRACE(grabbing ? "grabbing" : "idle");
-        status->setGrabbing(grabbing);
+        status->setGrabbing(key, grabbing);
         measuring->resetStatistics();
         const SBandwidthSample sample = measuring->getSample();
         EXPECT_EQ(sample.images, 0u);
@@ -264,35 +266,32 @@ TEST_F(MeasuringCameraTest, connectionLossStopsMeasuringAndIsReported)
     open();
     measuring->startMeasuring();
     EXPECT_TRUE(measuring->isMeasuring());
-    camera->fireConnectionLost();
+    camera->loseConnection();
     EXPECT_FALSE(measuring->isMeasuring());
-    EXPECT_EQ(camera->stopCount(), 1);
     EXPECT_TRUE(measuring->getSample().connectionLost);
+    EXPECT_TRUE(measuring->isConnectionLost());
 }
 
 TEST_F(MeasuringCameraTest, givesBackTheCameraTheWayItGotIt)
 {
-    control->acquirable.reset();
-    control->openable = camera;
+    control = QSharedPointer<CFakeCameraControlService>::create();
     open();
     measuring.reset();
-    EXPECT_TRUE(control->released.isEmpty());
-    ASSERT_EQ(control->closed.size(), 1);
-    EXPECT_EQ(control->closed.first(), info);
+    EXPECT_EQ(control->calls(), QStringList({"acquire:" + key, "open:" + key, "close:" + key}));
 
-    control->acquirable = camera;
+    control->setAlreadyOpen(key);
     open();
     measuring->releaseCamera();
-    camera->fireGrabResult(true, 1);
+    camera->grab(true, 1);
     EXPECT_EQ(measuring->getSample().images, 0u);
     measuring.reset();
-    EXPECT_EQ(control->released.size(), 1);
-    EXPECT_EQ(control->closed.size(), 1);
+    EXPECT_EQ(control->calls().mid(3), QStringList({"acquire:" + key, "release:" + key}));
 }
 
 TEST_F(MeasuringCameraTest, noCameraToBeHad)
 {
-    control->acquirable.reset();
+    control = QSharedPointer<CFakeCameraControlService>::create();
+    control->setOpenFails(key);
     measuring = std::make_unique<CBandwidthMeasuringCamera>(parameters, info, status, control);
     EXPECT_FALSE(measuring->openCamera());
     measuring->startMeasuring();

@@ -1,9 +1,8 @@
 #include "bandwidthmeasuringcamera.h"
 
-#include <parameters/fakes/CScriptedCameraControlService.h>
-#include <parameters/fakes/CScriptedCameraInfo.h>
-#include <parameters/fakes/CScriptedCameraStatusService.h>
-#include <parameters/fakes/CScriptedGrabCamera.h>
+#include <host/fakes/CFakeCameraControlService.h>
+#include <host/fakes/CFakeCameraInfo.h>
+#include <host/fakes/CFakeCameraStatusService.h>
 #include <parameters/fakes/CScriptedParameterCollection.h>
 
 #include <gtest/gtest.h>
@@ -13,6 +12,7 @@
 #include <thread>
 
 using namespace Plugin::BandwidthManager;
+using namespace HostFakes;
 using namespace ParameterFakes;
 
 namespace {
@@ -21,10 +21,10 @@ constexpr int kGrabs = 100000;
 constexpr size_t kPayload = 4096;
 
 // Every seventh grab fails.
-void grabAtFullSpeed(CScriptedGrabCamera& camera, int count, std::atomic<bool>& done)
+void grabAtFullSpeed(CFakeCamera& camera, int count, std::atomic<bool>& done)
 {
     for (int i = 0; i < count; ++i)
-        camera.fireGrabResult(i % 7 != 0, kPayload);
+        camera.grab(i % 7 != 0, kPayload);
     done = true;
 }
 
@@ -41,18 +41,20 @@ protected:
         parameters->addInteger("@StreamGrabber0/Statistic_Buffer_Underrun_Count", 0, 0, 1 << 30, 1, "RO");
         parameters->addInteger("PayloadSize", kPayload, 0, 1 << 20, 1, "RO");
         parameters->addFloat("ResultingFrameRate", 100.0, 0, 1000, "RO");
-        control->acquirable = camera;
-        status->setGrabbing(true);
+        control->setAlreadyOpen(key);
+        status->setGrabbing(key, true);
         ASSERT_TRUE(measuring.openCamera());
+        camera = control->camera(key);
         measuring.initParameters();
         measuring.startMeasuring();
     }
 
     QSharedPointer<CScriptedParameterCollection> parameters = QSharedPointer<CScriptedParameterCollection>::create();
-    Core::CameraPoolComponents::CameraInfoPtr info{new CScriptedCameraInfo("Cam 1", "U3V")};
-    QSharedPointer<CScriptedCameraStatusService> status = QSharedPointer<CScriptedCameraStatusService>::create();
-    QSharedPointer<CScriptedCameraControlService> control = QSharedPointer<CScriptedCameraControlService>::create();
-    QSharedPointer<CScriptedGrabCamera> camera = QSharedPointer<CScriptedGrabCamera>::create(info);
+    const QString key = QStringLiteral("U3V:Cam 1");
+    Core::CameraPoolComponents::CameraInfoPtr info = CFakeCameraInfo::create("Cam 1", key, "U3V");
+    QSharedPointer<CFakeCameraStatusService> status = QSharedPointer<CFakeCameraStatusService>::create();
+    QSharedPointer<CFakeCameraControlService> control = QSharedPointer<CFakeCameraControlService>::create();
+    QSharedPointer<CFakeCamera> camera;
     CBandwidthMeasuringCamera measuring{parameters, info, status, control};
 };
 

@@ -1,9 +1,8 @@
 #include "bandwidthmeasuringcameragige.h"
 
-#include <parameters/fakes/CScriptedCameraControlService.h>
-#include <parameters/fakes/CScriptedCameraInfo.h>
-#include <parameters/fakes/CScriptedCameraStatusService.h>
-#include <parameters/fakes/CScriptedGrabCamera.h>
+#include <host/fakes/CFakeCameraControlService.h>
+#include <host/fakes/CFakeCameraInfo.h>
+#include <host/fakes/CFakeCameraStatusService.h>
 #include <parameters/fakes/CScriptedParameterCollection.h>
 
 #include <GenICam/GenericException.h>
@@ -13,6 +12,7 @@
 #include <memory>
 
 using namespace Plugin::BandwidthManager;
+using namespace HostFakes;
 using namespace ParameterFakes;
 
 namespace {
@@ -27,16 +27,16 @@ class GigEMeasuringCameraTest : public ::testing::Test
 protected:
     CBandwidthMeasuringCameraGigE& make()
     {
-        control->acquirable = camera;
+        control->setAlreadyOpen(key);
         measuring = std::make_unique<CBandwidthMeasuringCameraGigE>(parameters, info, status, control);
         return *measuring;
     }
 
     QSharedPointer<CScriptedParameterCollection> parameters = QSharedPointer<CScriptedParameterCollection>::create();
-    Core::CameraPoolComponents::CameraInfoPtr info{new CScriptedCameraInfo("Gev 1", "GEV")};
-    QSharedPointer<CScriptedCameraStatusService> status = QSharedPointer<CScriptedCameraStatusService>::create();
-    QSharedPointer<CScriptedCameraControlService> control = QSharedPointer<CScriptedCameraControlService>::create();
-    QSharedPointer<CScriptedGrabCamera> camera = QSharedPointer<CScriptedGrabCamera>::create(info);
+    const QString key = QStringLiteral("GEV:Gev 1");
+    Core::CameraPoolComponents::CameraInfoPtr info = CFakeCameraInfo::create("Gev 1", key, "GEV");
+    QSharedPointer<CFakeCameraStatusService> status = QSharedPointer<CFakeCameraStatusService>::create();
+    QSharedPointer<CFakeCameraControlService> control = QSharedPointer<CFakeCameraControlService>::create();
     std::unique_ptr<CBandwidthMeasuringCameraGigE> measuring;
 };
 
