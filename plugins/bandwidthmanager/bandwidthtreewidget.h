@@ -1,24 +1,31 @@
 #pragma once
 
+#include "flattreeitem.h"
+
 #include <Core/CameraPoolComponents/ICameraInfo.h>
 #include <Core/Plugin/IPlugin.h>
 
 #include <QDateTime>
+#include <QFont>
+#include <QIcon>
 #include <QList>
 #include <QMetaType>
+#include <QSignalMapper>
 #include <QString>
 #include <QStringList>
 #include <QTreeWidget>
 
 #include <cstddef>
+#include <vector>
 
 class QSettings;
+class FlatTree;
+struct MeasuringCameraSet;
 
-// Index of a row in the flat device model; 0 is the invisible root and also "not found".
-using FlatTreeItemID = size_t;
-
-// The device tree of the bandwidth dialog. The operations are virtual so that
-// the dialog can be driven by a tree with scripted rows.
+// The device tree of the bandwidth dialog: shows the rows of a FlatTree,
+// owns the measuring cameras, and turns check marks and timer ticks into
+// start, stop and sample operations. The dialog's operations are virtual so
+// that the dialog can be driven by a tree with scripted rows.
 class BandwidthTreeWidget : public QTreeWidget
 {
     Q_OBJECT
@@ -49,6 +56,7 @@ public:
     virtual bool startCameraByKey(const QString& key);
     virtual bool stopCameraByKey(const QString& key);
     virtual void removeCameraByKey(const QString& key);
+    void dropOpenCamera(const Core::CameraPoolComponents::CameraInfoPtr& camera);
 
     virtual void updateSamples();
     virtual void resetStatistics();
@@ -57,10 +65,18 @@ public:
 
     virtual size_t cameraRowCount() const;
     virtual size_t measuredCameraCount() const;
+    size_t gigEAdapterCount() const;
+    size_t gigECameraCount() const;
+    std::vector<FlatTreeItemID> measuredCameraIds() const;
     virtual QString currentItemText() const;
     virtual bool currentItemThroughputLimit(qint64& value) const;
     virtual int currentItemKind() const;
     virtual bool collectTriggeredCameras(QStringList* softwareList, QStringList* hardwareList);
+
+    // Writes one row from its model item; an id past the end raises std::out_of_range.
+    void refreshRow(FlatTreeItemID id);
+
+    FlatTree* model() const { return flatTree; }
 
 public slots:
     virtual void clear();
@@ -76,8 +92,28 @@ signals:
     void optimizeAllGigEStarted();
     void optimizeGigEStarted();
 
+public slots:
+    void onItemChanged(QTreeWidgetItem* pItem, int column);
+    void onAddGigEButtonTimer();
+    void onOptimizeButton(int buttonId);
+    void optimizeGigEAdapter(FlatTreeItemID adapterId, bool onlySelected);
+    void updateButtonStates();
+    void updateButtonState(FlatTreeItemID adapterId);
+
 private:
+    int populateChildren(const FlatTreeItem* pItem, QTreeWidgetItem* pParentRow);
+    FlatTreeItem* itemOfRow(const QTreeWidgetItem* pRow) const;
+    bool isGigECamera(const FlatTreeItem& item) const;
+    void refreshAllRows();
+
+    FlatTree* flatTree = nullptr;
+    MeasuringCameraSet* cameras = nullptr;
     QList<Core::CameraPoolComponents::CameraInfoPtr> openCameras;
+    QFont boldFont;
+    QIcon warningIcon;
+    QIcon errorIcon;
+    QString okToolTip;
+    QSignalMapper optimizeMapper;
     Core::Plugin::PluginManagerWeakPtr services;
 };
 
