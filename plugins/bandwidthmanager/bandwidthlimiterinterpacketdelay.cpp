@@ -1,0 +1,213 @@
+#include "bandwidthlimiterinterpacketdelay.h"
+
+#include <Core/Exception/BaseException.h>
+#include <Core/Logging/Logging.h>
+#include <GenICam/GenericException.h>
+
+using namespace ParameterCollection;
+
+namespace {
+
+const QString kDelay = QStringLiteral("GevSCPD");
+const QString kThroughput = QStringLiteral("GevSCDCT");
+constexpr int kSearchRounds = 32;
+
+quint64 logCategory()
+{
+    static const quint64 id = Core::Logging::getCatId("zenta.viewer.plugins.bandwidthManager.InterPacketDelay");
+    return id;
+}
+
+void log(Core::Logging::ELogLevel level, const QString& text)
+{
+    Core::Logging::createLogEntry(level, logCategory(), text);
+}
+
+// Call from a catch block: logs the exception in flight at level 2.
+void logCurrentException(const QString& activity)
+{
+    QString text;
+    try {
+        throw;
+    } catch (const GenICam_3_1_Dorvik_zenta::GenericException& e) {
+        text = QStringLiteral("GenICam Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.GetDescription()));
+    } catch (const std::exception& e) {
+        text = QStringLiteral("Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.what()));
+    } catch (const Core::Exception::BaseException& e) {
+        text = QStringLiteral("Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.what()));
+    } catch (...) {
+        text = QStringLiteral("Unknown exception caught while %1.").arg(activity);
+    }
+    log(Core::Logging::LogLevelWarning, text);
+}
+
+qint64 toMegabytes(qint64 bytesPerSecond)
+{
+    return (bytesPerSecond + 500000) / 1000000;
+}
+
+bool isReadable(const IntegerParameterPtr& ptrParameter)
+{
+    return ptrParameter && !ptrParameter->isNull() && ptrParameter->isReadable();
+}
+
+bool isWritable(const IntegerParameterPtr& ptrParameter)
+{
+    return ptrParameter && !ptrParameter->isNull() && ptrParameter->isWritable();
+}
+
+} // namespace
+
+BandwidthLimiterInterPacketDelay::BandwidthLimiterInterPacketDelay(ParameterCollectionPtr ptrParameters, QWidget* parent)
+    : ComboSlider(parent), m_ptrParameters(std::move(ptrParameters))
+{
+    setToolTip(tr("MB/s"));
+    ComboSlider::setRangeAndStep(1, 125, 1);
+    ComboSlider::setValue(112);
+    try {
+        initRange();
+    } catch (...) {
+        logCurrentException(QStringLiteral("reading the range of the camera"));
+        setEnabled(false);
+    }
+}
+
+BandwidthLimiterInterPacketDelay::~BandwidthLimiterInterPacketDelay()
+{
+    disconnect(this, SIGNAL(valueChanged(int)), this, SLOT(onValueChanged(int)));
+}
+
+void BandwidthLimiterInterPacketDelay::initRange()
+{
+    if (m_ptrParameters) {
+        m_ptrDelay = m_ptrParameters->getIntegerParameter(kDelay);
+        m_ptrThroughput = m_ptrParameters->getIntegerParameter(kThroughput);
+    }
+    if (!isReadable(m_ptrDelay) || !m_ptrDelay->isWritable() || !isReadable(m_ptrThroughput)) {
+        setEnabled(false);
+        return;
+    }
+    const qint64 savedDelay = m_ptrDelay->getValue();
+    // Throughput falls as the delay rises: the largest delay gives the minimum.
+    qint64 minimum = 1;
+    if (m_ptrDelay->trySetToMaximum())
+        minimum = qMax<qint64>(1, toMegabytes(m_ptrThroughput->getValueOrDefault(1)));
+    qint64 maximum = 125;
+    if (m_ptrDelay->trySetToMinimum())
+        maximum = qMax<qint64>(1, toMegabytes(m_ptrThroughput->getValueOrDefault(125)));
+    setRangeAndStep(int(minimum), int(maximum), 1);
+    m_ptrDelay->trySetValue(savedDelay);
+    ComboSlider::setValue(int(toMegabytes(m_ptrThroughput->getValue())));
+    connect(this, SIGNAL(valueChanged(int)), this, SLOT(onValueChanged(int)));
+}
+
+bool BandwidthLimiterInterPacketDelay::isPossible(const ParameterCollectionPtr& ptrParameters)
+{
+    try {
+        const IntegerParameterPtr ptrDelay = ptrParameters ? ptrParameters->getIntegerParameter(kDelay) : IntegerParameterPtr();
+        return isWritable(ptrDelay);
+    } catch (const Core::Exception::BaseException& e) {
+        log(Core::Logging::LogLevelFailure, e.text());
+        return false;
+    }
+}
+
+void BandwidthLimiterInterPacketDelay::setValue(int value)
+{
+    ComboSlider::setValue(value);
+    onValueChanged(value);
+}
+
+void BandwidthLimiterInterPacketDelay::onValueChanged(int value)
+{
+    try {
+        if (!isReadable(m_ptrThroughput) || !isWritable(m_ptrDelay) || !m_ptrDelay->isReadable()) {
+            log(Core::Logging::LogLevelFailure, QStringLiteral("Couldn't apply values to camera."));
+            return;
+        }
+    } catch (...) {
+        logCurrentException(QStringLiteral("applying value to camera"));
+        return;
+    }
+    try {
+        applyValue(value);
+    } catch (...) {
+        logCurrentException(QStringLiteral("applying value to camera"));
+    }
+}
+
+void BandwidthLimiterInterPacketDelay::applyValue(int wish)
+{
+    const qint64 target = qint64(wish) * 1000000;
+    qint64 throughput = m_ptrThroughput->getValue();
+    if (toMegabytes(throughput) == wish) {
+        ComboSlider::setValue(wish);
+        return;
+    }
+
+    // Bisection on the delay, from the delay the camera has now.
+    qint64 low = m_ptrDelay->getMin();
+    qint64 high = m_ptrDelay->getMax();
+    for (int round = 0; round < kSearchRounds; ++round) {
+        throughput = m_ptrThroughput->getValue();
+        const qint64 delay = m_ptrDelay->getValue();
+        if (throughput == target)
+            break;
+        qint64 next = 0;
+        if (throughput > target) {
+            low = delay;
+            next = (low + high) / 2;
+        } else {
+            high = delay;
+            next = (low + delay) / 2;
+        }
+        if (next == delay)
+            break;
+        m_ptrDelay->setValueVerified(next, true);
+    }
+    const qint64 foundDelay = m_ptrDelay->getValue();
+    const qint64 reached = m_ptrThroughput->getValue();
+
+    // A camera that sends no more at the smallest delay is left there.
+    m_ptrDelay->trySetToMinimum();
+    if (m_ptrThroughput->getValue() != reached)
+        m_ptrDelay->setValueVerified(foundDelay, true);
+
+    ComboSlider::setValue(int(toMegabytes(throughput)));
+}
+
+qint64 BandwidthLimiterInterPacketDelay::getInterPacketDelay()
+{
+    try {
+        if (!m_ptrDelay)
+            throw Core::Exception::BaseException(QStringLiteral("The camera has no node GevSCPD."));
+        return m_ptrDelay->getValue();
+    } catch (...) {
+        logCurrentException(QStringLiteral("getting InterPacketDelay"));
+        return -1;
+    }
+}
+
+qint64 BandwidthLimiterInterPacketDelay::getCurrentThroughput()
+{
+    try {
+        if (!m_ptrThroughput)
+            throw Core::Exception::BaseException(QStringLiteral("The camera has no node GevSCDCT."));
+        return m_ptrThroughput->getValue();
+    } catch (...) {
+        logCurrentException(QStringLiteral("getting current Throughput"));
+        return -1;
+    }
+}
+
+bool BandwidthLimiterInterPacketDelay::isAtMaximum()
+{
+    try {
+        if (!m_ptrDelay)
+            throw Core::Exception::BaseException(QStringLiteral("The camera has no node GevSCPD."));
+        return m_ptrDelay->getValue() >= m_ptrDelay->getMax() - 1;
+    } catch (...) {
+        logCurrentException(QStringLiteral("trying to check if value was reached"));
+        return false;
+    }
+}
