@@ -29,16 +29,35 @@ else
   echo "demo: $build/bin/gige-emulator not built; using $emulator" >&2
 fi
 
+# The viewer runs in a process group of its own, so that stopping the demo
+# also stops xvfb-run's server and the viewer under it.
+viewer_pid=""
+stop_viewer() {
+  if [ -n "$viewer_pid" ]; then
+    # The second kill covers a viewer stopped before setsid made its group.
+    kill -- "-$viewer_pid" 2>/dev/null || kill "$viewer_pid" 2>/dev/null || true
+  fi
+  viewer_pid=""
+  return 0
+}
 run_viewer() {
   if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
     echo "No display: running the viewer under xvfb-run." >&2
-    xvfb-run -a -s "-screen 0 1600x1000x24" "$viewer" --open-bandwidth-manager "$@"
+    setsid xvfb-run -a -s "-screen 0 1600x1000x24" "$viewer" --open-bandwidth-manager "$@" &
   else
-    "$viewer" --open-bandwidth-manager "$@"
+    setsid "$viewer" --open-bandwidth-manager "$@" &
   fi
+  viewer_pid=$!
+  local rc=0
+  wait "$viewer_pid" || rc=$?
+  viewer_pid=""
+  return "$rc"
 }
 
 if [ "$viewer_only" = 1 ]; then
+  trap stop_viewer EXIT
+  trap 'exit 130' INT
+  trap 'exit 143' TERM
   export BWM_CAMERAS=${BWM_NET_CAMERAS:-}
   run_viewer "$@"
   exit
@@ -56,10 +75,11 @@ fi
 pids=() log_dir=""
 stop_cameras() {
   local rc=$?
+  stop_viewer
   for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
   for pid in "${pids[@]}"; do wait "$pid" 2>/dev/null || true; done
   # The cameras' logs are kept only when something went wrong.
-  [ "$rc" = 0 ] && [ -n "$log_dir" ] && rm -rf "$log_dir"
+  case $rc in 0|130|143) [ -n "$log_dir" ] && rm -rf "$log_dir" ;; esac
   exit "$rc"
 }
 trap stop_cameras EXIT
