@@ -4,6 +4,8 @@
 # What the test network's link carries on this machine, as root:
 #   jumbo-cameras   3 emulators at full rate, MTU 9000, Aravis receiving
 #   1500-cameras    the same with MTU 1500
+#   jumbo-udp       a UDP source offering 150 MB/s of 9000-byte datagrams in
+#                   small paced batches (3 emulators idle beside it)
 #   1500-udp        a batched UDP source flat out in the camera namespace
 #                   (3 emulators idle beside it), received on the host
 # One line per scenario: frames and MB/s the link delivered to the host, its
@@ -63,6 +65,11 @@ net() {
 net 9000 9000 bash -c "measure jumbo-cameras $bin/bwm-stream-probe --no-resend --seconds $seconds \$BWM_NET_CAMERAS"
 net 1500 1500 bash -c "measure 1500-cameras $bin/bwm-stream-probe --no-resend --seconds $seconds \$BWM_NET_CAMERAS"
 # The sink runs a little longer than the source so it sees the queue drain.
+net 9000 9000 bash -c "
+  $bin/bwm-udp-blast recv \$BWM_NET_HOST 5000 --seconds $((seconds + 2)) & sink=\$!
+  measure jumbo-udp ip netns exec \$BWM_NET_NS $bin/bwm-udp-blast send \$BWM_NET_HOST 5000 \
+    --seconds $seconds --size 8972 --rate-mbps 1200 --batch 4
+  wait \$sink"
 net 1500 1500 bash -c "
   $bin/bwm-udp-blast recv \$BWM_NET_HOST 5000 --seconds $((seconds + 2)) & sink=\$!
   measure 1500-udp ip netns exec \$BWM_NET_NS $bin/bwm-udp-blast send \$BWM_NET_HOST 5000 \
