@@ -93,7 +93,7 @@ SOptions parse(int argc, char** argv)
     return o;
 }
 
-void open(SCamera& c, const SOptions& o)
+void openCamera(SCamera& c, const SOptions& o)
 {
     GError* error = nullptr;
     c.camera = arv_camera_new(c.address.c_str(), &error);
@@ -148,7 +148,7 @@ int main(int argc, char** argv)
     std::vector<SCamera> cameras(o.addresses.size());
     for (std::size_t i = 0; i < cameras.size(); ++i) {
         cameras[i].address = o.addresses[i];
-        open(cameras[i], o);
+        openCamera(cameras[i], o);
     }
     for (SCamera& c : cameras) {
         GError* error = nullptr;
