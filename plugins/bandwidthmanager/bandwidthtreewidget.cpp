@@ -1,5 +1,7 @@
 #include "bandwidthtreewidget.h"
 
+#include "bandwidthcameraconfigitemdelegate.h"
+#include "bandwidthitemdelegate.h"
 #include "bandwidthmeasuringcamera.h"
 #include "flattree.h"
 #include "measuringcameraset.h"
@@ -35,6 +37,20 @@ quint64 logCategory()
 QIcon scaledIcon(const char* path)
 {
     return QIcon(QPixmap(QString::fromLatin1(path)).scaled(19, 19, Qt::IgnoreAspectRatio, Qt::FastTransformation));
+}
+
+// The delegate hears of the close first, so that a closing limit editor writes nothing more.
+void closeCellEditor(QTreeWidget* tree, QTreeWidgetItem* row, int column, const QModelIndex& index)
+{
+    QWidget* editor = tree->indexWidget(index);
+    QAbstractItemDelegate* delegate = tree->itemDelegate(index);
+    if (column == 1) {
+        if (auto* limitDelegate = qobject_cast<BandwidthItemDelegate*>(delegate))
+            limitDelegate->onCloseEditor(editor, QAbstractItemDelegate::NoHint);
+    } else if (auto* configDelegate = qobject_cast<BandwidthCameraConfigItemDelegate*>(delegate)) {
+        configDelegate->onCloseEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+    tree->closePersistentEditor(row, column);
 }
 
 Qt::Alignment columnAlignment(int column)
@@ -97,6 +113,8 @@ void BandwidthTreeWidget::setupColumns(QSettings* settings)
     headerView->setDefaultAlignment(Qt::AlignLeft);
     headerView->setDefaultSectionSize(DefaultSectionSize);
     setColumnCount(ColumnCount);
+    setItemDelegateForColumn(1, new BandwidthItemDelegate(this));
+    setItemDelegateForColumn(2, new BandwidthCameraConfigItemDelegate(this));
 
     const QString texts[ColumnCount] = {tr("Camera"),
                                         tr("Bandwidth (MB/s)"),
@@ -169,6 +187,11 @@ int BandwidthTreeWidget::populateChildren(const FlatTreeItem* pItem, QTreeWidget
                 row->setData(column, CameraRole, 1);
         }
         pParentRow->addChild(row);
+        if (child.measuringCamera) {
+            if (flags & Qt::ItemIsEditable)
+                openPersistentEditor(row, 1);
+            openPersistentEditor(row, 2);
+        }
         ++count;
         if (!child.children.empty())
             count += populateChildren(&child, row);
@@ -182,6 +205,14 @@ int BandwidthTreeWidget::populateChildren(const FlatTreeItem* pItem, QTreeWidget
 void BandwidthTreeWidget::clear()
 {
     if (flatTree) {
+        for (size_t id = 0; id < flatTree->size(); ++id) {
+            FlatTreeItem& item = flatTree->item(id);
+            if (!item.measuringCamera || !item.row)
+                continue;
+            closeCellEditor(this, item.row, 2, indexFromItem(item.row, 2));
+            closeCellEditor(this, item.row, 1, indexFromItem(item.row, 1));
+            item.editor = nullptr;
+        }
         for (size_t id = 0; id < flatTree->size(); ++id)
             flatTree->item(id).row = nullptr;
     }
@@ -318,8 +349,12 @@ bool BandwidthTreeWidget::startCamera(FlatTreeItemID id)
             row->setCheckState(0, Qt::Checked);
             row->setIcon(0, QIcon());
             row->setToolTip(0, okToolTip);
-            if (item->measuringCamera)
+            if (item->measuringCamera) {
+                if (row->flags() & Qt::ItemIsEditable)
+                    openPersistentEditor(row, 1);
+                openPersistentEditor(row, 2);
                 row->setFont(0, boldFont);
+            }
         } else {
             row->setCheckState(0, Qt::Unchecked);
             row->setIcon(0, errorIcon);
@@ -339,6 +374,15 @@ bool BandwidthTreeWidget::startCamera(FlatTreeItemID id)
 
 bool BandwidthTreeWidget::stopCamera(FlatTreeItemID id)
 {
+    if (id < flatTree->size()) {
+        FlatTreeItem& item = flatTree->item(id);
+        if (item.measuringCamera && item.row) {
+            if (item.row->flags() & Qt::ItemIsEditable)
+                closeCellEditor(this, item.row, 1, indexFromItem(item.row, 1));
+            closeCellEditor(this, item.row, 2, indexFromItem(item.row, 2));
+            item.editor = nullptr;
+        }
+    }
     bool stopped = false;
     try {
         stopped = flatTree->stopMeasuring(id, *cameras);

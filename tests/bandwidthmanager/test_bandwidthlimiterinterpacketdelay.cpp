@@ -1,0 +1,177 @@
+#include "bandwidthlimiterinterpacketdelay.h"
+
+#include <parameters/fakes/CScriptedParameterCollection.h>
+
+#include <gtest/gtest.h>
+
+#include <QSlider>
+
+#include <algorithm>
+#include <cstdlib>
+
+using namespace ParameterFakes;
+
+namespace {
+
+const QString kDelay = QStringLiteral("GevSCPD");
+const QString kThroughput = QStringLiteral("GevSCDCT");
+
+qint64 megabytes(qint64 bytesPerSecond)
+{
+    return (bytesPerSecond + 500000) / 1000000;
+}
+
+// A GigE camera whose reported throughput falls as the inter-packet delay
+// rises, up to what its frame rate lets it send.
+class ScriptedGigECamera : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        parameters->addInteger(kDelay, 1000, 0, 100000);
+        parameters->addInteger(kThroughput, 0, 0, 1000000000, 1, "RO");
+        parameters->setValueLaw(kThroughput, [this] {
+            const qint64 delay = parameters->value(kDelay).toLongLong();
+            return std::min(frameRateCap, 125000000LL * 2000 / (2000 + delay));
+        });
+    }
+
+    qint64 delay() const { return parameters->value(kDelay).toLongLong(); }
+    qint64 throughput() const { return parameters->value(kThroughput).toLongLong(); }
+    int writes() const { return parameters->writeCount(kDelay); }
+
+    QSharedPointer<CScriptedParameterCollection> parameters = QSharedPointer<CScriptedParameterCollection>::create();
+    qint64 frameRateCap = 1000000000;
+};
+
+TEST_F(ScriptedGigECamera, rangeComesFromTheTwoEndsOfTheDelay)
+{
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+
+    EXPECT_TRUE(limiter.isEnabled());
+    EXPECT_EQ(limiter.minimum(), 2);   // 2.45 MB/s at the largest delay
+    EXPECT_EQ(limiter.maximum(), 125); // at delay 0
+    EXPECT_EQ(delay(), 1000);          // put back
+    EXPECT_EQ(limiter.value(), 83);    // 83.3 MB/s at delay 1000
+    EXPECT_EQ(limiter.toolTip(), QStringLiteral("Range: 2..125"));
+}
+
+TEST_F(ScriptedGigECamera, slowestEndThatRoundsToNothingGivesAMinimumOf1)
+{
+    parameters->setRange(kDelay, 0, 100000000);
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+    EXPECT_EQ(limiter.minimum(), 1);
+}
+
+struct SWishCase
+{
+    const char* scenario;
+    int wish;
+};
+
+class LimiterWish : public ScriptedGigECamera, public ::testing::WithParamInterface<SWishCase>
+{
+};
+
+TEST_P(LimiterWish, userWishIsMetWithin1MBInAtMost32Writes)
+{
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+    const int writesBefore = writes();
+
+    limiter.slider()->setValue(GetParam().wish);
+
+    EXPECT_LE(std::abs(megabytes(throughput()) - GetParam().wish), 1);
+    EXPECT_LE(std::abs(limiter.value() - GetParam().wish), 1);
+    EXPECT_GT(writes() - writesBefore, 0);
+    EXPECT_LE(writes() - writesBefore, 32);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Wishes, LimiterWish,
+    ::testing::Values(SWishCase{"below_the_current_rate", 40}, SWishCase{"near_the_slow_end", 5},
+                      SWishCase{"above_the_current_rate", 110}, SWishCase{"at_the_fast_end", 125}),
+    [](const ::testing::TestParamInfo<SWishCase>& info) { return std::string(info.param.scenario); });
+
+TEST_F(ScriptedGigECamera, wishEqualToTheCurrentRoundedRateWritesNothing)
+{
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+    const int writesBefore = writes();
+
+    limiter.setValue(83);
+
+    EXPECT_EQ(writes(), writesBefore);
+    EXPECT_EQ(delay(), 1000);
+    EXPECT_EQ(limiter.value(), 83);
+}
+
+TEST_F(ScriptedGigECamera, unreachableWishLeavesTheCameraAtTheSmallestDelayShowingWhatItSends)
+{
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+    frameRateCap = 60000000; // the camera now sends no more than 60 MB/s
+
+    limiter.setValue(100);
+
+    EXPECT_EQ(delay(), 0);
+    EXPECT_EQ(limiter.value(), 60);
+}
+
+TEST_F(ScriptedGigECamera, cameraAtItsOwnLimitIsLeftAtTheSmallestDelay)
+{
+    parameters->setValue(kDelay, 50000);
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+    frameRateCap = 60000000;
+
+    // Reached exactly at some delay below 2167; the camera sends as much at 0.
+    limiter.setValue(60);
+
+    EXPECT_EQ(delay(), 0);
+    EXPECT_EQ(limiter.value(), 60);
+}
+
+TEST_F(ScriptedGigECamera, failingWriteEndsTheSearchWhereTheCameraIs)
+{
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+    parameters->failNext(kDelay, EScriptedAccess::Write, 1, 2);
+
+    limiter.setValue(20);
+
+    EXPECT_EQ(parameters->writtenValues(kDelay).size(), 3 + 2);
+    EXPECT_EQ(delay(), parameters->writtenValues(kDelay).last().toLongLong());
+}
+
+struct SDisabledCase
+{
+    const char* scenario;
+    bool hasThroughput;
+    QString delayAccess;
+};
+
+class LimiterWithoutSearch : public ::testing::TestWithParam<SDisabledCase>
+{
+};
+
+TEST_P(LimiterWithoutSearch, isDisabledAt112Of1To125AndWritesNothing)
+{
+    const SDisabledCase& c = GetParam();
+    auto parameters = QSharedPointer<CScriptedParameterCollection>::create();
+    parameters->addInteger(kDelay, 1000, 0, 100000, 1, c.delayAccess);
+    if (c.hasThroughput)
+        parameters->addInteger(kThroughput, 50000000, 0, 1000000000, 1, "RO");
+
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+
+    EXPECT_FALSE(limiter.isEnabled());
+    EXPECT_EQ(limiter.minimum(), 1);
+    EXPECT_EQ(limiter.maximum(), 125);
+    EXPECT_EQ(limiter.value(), 112);
+    limiter.slider()->setValue(50);
+    EXPECT_EQ(parameters->writeCount(kDelay), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cameras, LimiterWithoutSearch,
+    ::testing::Values(SDisabledCase{"camera_without_GevSCDCT", false, "RW"},
+                      SDisabledCase{"read_only_delay", true, "RO"}),
+    [](const ::testing::TestParamInfo<SDisabledCase>& info) { return std::string(info.param.scenario); });
+
+} // namespace

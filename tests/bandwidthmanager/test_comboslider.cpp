@@ -1,0 +1,166 @@
+#include "comboslider.h"
+#include "zentaqtspinbox.h"
+
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+struct SSnapCase
+{
+    const char* scenario;
+    int minimum;
+    int maximum;
+    int step;
+    int input;
+    int expected;
+};
+
+class ComboSliderSnapping : public ::testing::TestWithParam<SSnapCase>
+{
+};
+
+TEST_P(ComboSliderSnapping, userMovesAndSetValueLandOnTheGrid)
+{
+    const SSnapCase& c = GetParam();
+    ComboSlider combo;
+    combo.setRangeAndStep(c.minimum, c.maximum, c.step);
+
+    combo.setValue(c.input);
+    EXPECT_EQ(combo.value(), c.expected);
+    EXPECT_EQ(combo.spinBox()->value(), c.expected);
+
+    combo.setValue(c.expected == c.minimum ? c.maximum : c.minimum);
+    QSignalSpy spy(&combo, SIGNAL(valueChanged(int)));
+    combo.slider()->setValue(c.input);
+    ASSERT_EQ(spy.count(), 1);
+    EXPECT_EQ(spy.at(0).at(0).toInt(), c.expected);
+    EXPECT_EQ(combo.spinBox()->value(), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Grid, ComboSliderSnapping,
+    ::testing::Values(SSnapCase{"step_5_from_1_puts_8_on_6", 1, 125, 5, 8, 6},
+                      SSnapCase{"value_on_the_grid_stays", 1, 125, 5, 11, 11},
+                      SSnapCase{"step_0_keeps_an_off_grid_value", 1, 125, 0, 8, 8},
+                      SSnapCase{"step_0_only_clamps_to_the_maximum", 1, 125, 0, 300, 125},
+                      SSnapCase{"grid_starts_at_the_minimum_not_at_0", 3, 100, 10, 27, 23}),
+    [](const ::testing::TestParamInfo<SSnapCase>& info) { return std::string(info.param.scenario); });
+
+TEST(ComboSlider, typedValueAboveTheMaximumIsSentOnceAsTheMaximum)
+{
+    ComboSlider combo;
+    combo.setRangeAndStep(1, 125, 1);
+    combo.setValue(50);
+    QSignalSpy spy(&combo, SIGNAL(valueChanged(int)));
+
+    combo.spinBox()->selectAll();
+    QTest::keyClicks(combo.spinBox(), QStringLiteral("1250"));
+    QTest::keyClick(combo.spinBox(), Qt::Key_Enter);
+    emit combo.spinBox()->editingFinished(); // as when the focus leaves
+
+    ASSERT_EQ(spy.count(), 1);
+    EXPECT_EQ(spy.at(0).at(0).toInt(), 125);
+    EXPECT_EQ(combo.value(), 125);
+}
+
+TEST(ComboSlider, programmaticChangesSendNoValueChanged)
+{
+    ComboSlider combo;
+    combo.setRangeAndStep(1, 125, 1);
+    combo.setValue(100);
+    QSignalSpy values(&combo, SIGNAL(valueChanged(int)));
+    QSignalSpy ranges(&combo, SIGNAL(rangeChanged(int, int)));
+
+    combo.setRangeAndStep(1, 50, 4); // the slider has to move down to 49
+    EXPECT_EQ(combo.value(), 49);
+    EXPECT_EQ(combo.spinBox()->value(), 49);
+    combo.setValue(10);
+    EXPECT_EQ(combo.value(), 9);
+    combo.setRange(20, 30);
+    EXPECT_EQ(combo.value(), 20);
+
+    EXPECT_EQ(values.count(), 0);
+    ASSERT_EQ(ranges.count(), 2);
+    EXPECT_EQ(ranges.at(1), (QVariantList{20, 30}));
+    EXPECT_EQ(combo.toolTip(), QStringLiteral("Range: 20..30 (Increment: 4)"));
+}
+
+TEST(ComboSlider, pageUpMovesByThePageStep)
+{
+    ComboSlider combo;
+    combo.setRangeAndStep(0, 1000, 1);
+    combo.setPageStep(25);
+    combo.setValue(100);
+    QSignalSpy spy(&combo, SIGNAL(valueChanged(int)));
+
+    QTest::keyClick(combo.spinBox(), Qt::Key_PageUp);
+    EXPECT_EQ(combo.value(), 125);
+    QTest::keyClick(combo.spinBox(), Qt::Key_PageDown);
+    QTest::keyClick(combo.spinBox(), Qt::Key_PageDown);
+    EXPECT_EQ(combo.value(), 75);
+    QTest::keyClick(combo.spinBox(), Qt::Key_Up);
+    EXPECT_EQ(combo.value(), 76);
+    EXPECT_EQ(spy.count(), 4); // every step applies at once
+}
+
+// A dialog with a default button around the slider, as the tree sits in the bandwidth dialog.
+class ComboSliderInDialog : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        auto* layout = new QVBoxLayout(&dialog);
+        combo = new ComboSlider(&dialog);
+        button = new QPushButton(QStringLiteral("OK"), &dialog);
+        button->setDefault(true);
+        layout->addWidget(combo);
+        layout->addWidget(button);
+        combo->setRangeAndStep(1, 125, 1);
+        combo->setValue(40);
+        dialog.show();
+        combo->spinBox()->setFocus();
+    }
+
+    QDialog dialog;
+    ComboSlider* combo = nullptr;
+    QPushButton* button = nullptr;
+};
+
+TEST_F(ComboSliderInDialog, escapeRestoresTheTextAndKeepsTheDialogOpen)
+{
+    QSignalSpy rejected(&dialog, SIGNAL(rejected()));
+    combo->spinBox()->selectAll();
+    QTest::keyClicks(combo->spinBox(), QStringLiteral("77"));
+    ASSERT_EQ(combo->spinBox()->text(), QStringLiteral("77"));
+
+    QTest::keyClick(combo->spinBox(), Qt::Key_Escape);
+
+    EXPECT_EQ(combo->spinBox()->text(), QStringLiteral("40"));
+    EXPECT_EQ(rejected.count(), 0);
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST_F(ComboSliderInDialog, enterAppliesTheValueButDoesNotPressTheDefaultButton)
+{
+    QSignalSpy clicked(button, SIGNAL(clicked()));
+    QSignalSpy values(combo, SIGNAL(valueChanged(int)));
+    combo->spinBox()->selectAll();
+    QTest::keyClicks(combo->spinBox(), QStringLiteral("60"));
+
+    QTest::keyClick(combo->spinBox(), Qt::Key_Return);
+
+    EXPECT_EQ(clicked.count(), 0);
+    EXPECT_TRUE(dialog.isVisible());
+    ASSERT_EQ(values.count(), 1);
+    EXPECT_EQ(values.at(0).at(0).toInt(), 60);
+}
+
+} // namespace
