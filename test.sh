@@ -7,3 +7,5 @@ build=${BWM_BUILD_DIR:-build}
 ./scripts/configure.sh "$build" "$@"
 cmake --build "$build"
 ctest --test-dir "$build" -j2 --output-on-failure
+# The parsers of untrusted driver values and addresses under libFuzzer.
+./scripts/fuzz.sh "${BWM_FUZZ_RUNS:-1000000}"

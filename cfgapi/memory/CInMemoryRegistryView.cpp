@@ -16,9 +16,13 @@ std::string Lower(std::string text)
     return text;
 }
 
+// Registry names compare without regard to case; no copies, as every lookup walks all keys.
 bool SameName(const std::string& a, const std::string& b)
 {
-    return Lower(a) == Lower(b);
+    return a.size() == b.size()
+        && std::equal(a.begin(), a.end(), b.begin(), [](unsigned char x, unsigned char y) {
+               return std::tolower(x) == std::tolower(y);
+           });
 }
 
 } // namespace
@@ -38,11 +42,11 @@ const CInMemoryRegistryView::SKey* CInMemoryRegistryView::Find(const std::string
 
 CInMemoryRegistryView::SKey& CInMemoryRegistryView::Ensure(const std::string& path)
 {
+    if (SKey* key = Find(path))
+        return *key;
     const auto slash = path.find_last_of('\\');
     if (slash != std::string::npos)
         Ensure(path.substr(0, slash));
-    if (SKey* key = Find(path))
-        return *key;
     m_keys.push_back(SKey{path, {}});
     return m_keys.back();
 }
@@ -98,9 +102,11 @@ std::string CInMemoryRegistryView::StringAt(const std::string& path, const std::
 
 uint32_t CInMemoryRegistryView::OpenKey(const std::string& path, bool forWrite)
 {
-    auto failure = m_openFailures.find(Lower(path));
-    if (failure != m_openFailures.end())
-        return failure->second;
+    if (!m_openFailures.empty()) {
+        auto failure = m_openFailures.find(Lower(path));
+        if (failure != m_openFailures.end())
+            return failure->second;
+    }
     if (!Find(path))
         return RegistryKey::kFileNotFound;
     if (forWrite) {
@@ -136,9 +142,11 @@ uint32_t CInMemoryRegistryView::Values(const std::string& path, std::vector<std:
 
 uint32_t CInMemoryRegistryView::GetValue(const std::string& path, const std::string& name, SRegValue& value)
 {
-    auto failure = m_valueFailures.find(Lower(path) + "|" + Lower(name));
-    if (failure != m_valueFailures.end())
-        return failure->second;
+    if (!m_valueFailures.empty()) {
+        auto failure = m_valueFailures.find(Lower(path) + "|" + Lower(name));
+        if (failure != m_valueFailures.end())
+            return failure->second;
+    }
     const SKey* key = Find(path);
     if (!key)
         return RegistryKey::kFileNotFound;
