@@ -1,0 +1,157 @@
+#include "CCameraProcess.h"
+
+#include "bandwidthdialog.h"
+#include "bandwidthtreewidget.h"
+#include "flattree.h"
+
+#include <camerapool/CameraPoolServices.h>
+#include <host/fakes/CModalResponder.h>
+
+#include <Core/Logging/Logging.h>
+#include <Core/Plugin/ServiceLookup.h>
+#include <Plugin/ParameterCollectionPool/IParameterService.h>
+
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+#include <QTest>
+
+#include <unistd.h>
+
+#include <memory>
+
+namespace {
+
+constexpr double FramesPerSecond = 20.0;
+
+struct SCamera
+{
+    QString serial;
+    QString address;
+    CCameraProcess process;
+    QString key;
+};
+
+// Two emulated cameras on loopback addresses of this run, so that other
+// runs' cameras on the same machine do not meet ours.
+class AnalysisEndToEnd : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+#ifndef GIGE_EMULATOR_PATH
+        GTEST_SKIP() << "gige-emulator is not built: two cameras do not fit on loopback with Aravis' fake camera";
+#else
+        const int pid = int(::getpid());
+        for (int index = 0; index < 2; ++index) {
+            auto& camera = cameras[index];
+            camera.serial = QStringLiteral("BWT%1%2").arg(pid % 100000).arg(QChar('A' + index));
+            camera.address = QStringLiteral("127.%1.%2.%3").arg(100 + pid % 100).arg((pid / 100) % 250).arg(2 + index);
+            ASSERT_TRUE(camera.process.start({GIGE_EMULATOR_PATH, "--address", camera.address, "--serial",
+                                              camera.serial, "--width", "640", "--height", "480", "--packet-size", "8192", "--fps",
+                                              QString::number(FramesPerSecond)}))
+                << "emulator on " << camera.address.toStdString();
+        }
+        Core::Logging::setStderrEnabled(qEnvironmentVariableIsSet("BWM_E2E_LOG"));
+        CameraPool::SCameraPoolOptions options;
+        options.rescanIntervalMs = 1000;
+        CameraPool::registerCameraPoolServices(manager, &servicesParent, options);
+#endif
+    }
+    void TearDown() override { Core::Logging::setStderrEnabled(true); }
+
+    bool discovered()
+    {
+        const auto enumeration = Core::Plugin::getService<Plugin::CameraPool::ICameraEnumerationService>(manager);
+        if (!enumeration)
+            return false;
+        for (const auto& layer : enumeration->transportLayers()) {
+            for (const auto& info : layer->cameras()) {
+                for (SCamera& camera : cameras) {
+                    if (info->displayName().contains(camera.serial))
+                        camera.key = info->key();
+                }
+            }
+        }
+        return !cameras[0].key.isEmpty() && !cameras[1].key.isEmpty();
+    }
+
+    const FlatTreeItem* item(const SCamera& camera) const
+    {
+        const FlatTreeItemID id = tree->model()->findByKey(camera.key);
+        return id == 0 ? nullptr : &tree->model()->item(id);
+    }
+    double number(const SCamera& camera, int column) const
+    {
+        bool ok = false;
+        const double value = tree->locale().toDouble(item(camera)->row->text(column), &ok);
+        return ok ? value : -1.0;
+    }
+    qint64 payloadSize(const SCamera& camera) const
+    {
+        const auto parameters = Core::Plugin::getService<Plugin::ParameterCollectionPool::IParameterService>(manager);
+        const auto collection = parameters->parameterCollection(item(camera)->cameraInfo);
+        const auto node = collection ? collection->getIntegerParameter(QStringLiteral("PayloadSize")) : nullptr;
+        return node ? node->getValue() : -1;
+    }
+
+    Core::Plugin::PluginManagerPtr manager = Core::Plugin::PluginManagerPtr::create();
+    SCamera cameras[2];
+    BandwidthTreeWidget* tree = nullptr;
+    // Destroyed first: the backend closes its cameras before their processes are killed.
+    QObject servicesParent;
+};
+
+TEST_F(AnalysisEndToEnd, measuresTwoCamerasAndLosesOneAlone)
+{
+    QTRY_VERIFY_WITH_TIMEOUT(discovered(), 20000);
+
+    // Declines the GigE offer, and goes before it takes the modal dialog itself for a box.
+    auto responder = std::make_unique<HostFakes::CModalResponder>();
+    BandwidthDialog dialog(manager.toWeakRef(), nullptr, Qt::WindowFlags(), nullptr);
+    responder.reset();
+    dialog.show();
+    tree = dialog.findChild<BandwidthTreeWidget*>(QStringLiteral("treeBandwidth"));
+    ASSERT_NE(tree, nullptr);
+    for (const SCamera& camera : cameras) {
+        ASSERT_NE(item(camera), nullptr) << camera.key.toStdString();
+        item(camera)->row->setCheckState(0, Qt::Checked);
+        ASSERT_NE(item(camera)->measuringCamera, nullptr) << camera.key.toStdString() << ": "
+                                                           << item(camera)->row->toolTip(0).toStdString();
+    }
+    QPushButton* start = dialog.findChild<QPushButton*>(QStringLiteral("btnStart"));
+    ASSERT_TRUE(start->isEnabled());
+    start->click();
+    QTest::qWait(2000);
+
+    for (const SCamera& camera : cameras) {
+        SCOPED_TRACE(camera.serial.toStdString());
+        const double sent = number(camera, 4);
+        const double received = number(camera, 5);
+        const double payloadMBs = number(camera, 3);
+        const double expectedMBs = double(payloadSize(camera)) * sent / 1e6;
+        EXPECT_NEAR(sent, FramesPerSecond, FramesPerSecond * 0.05);
+        EXPECT_NEAR(received, sent, sent * 0.05);
+        EXPECT_NEAR(payloadMBs, expectedMBs, expectedMBs * 0.05);
+        EXPECT_EQ(item(camera)->row->text(7), QStringLiteral("0"));
+    }
+    const QByteArray screenshot = qgetenv("BWM_SCREENSHOT");
+    if (!screenshot.isEmpty()) {
+        EXPECT_TRUE(dialog.grab().save(QString::fromLocal8Bit(screenshot)));
+    }
+
+    cameras[0].process.kill();
+    // Aravis notices the silent camera by its heartbeat; then the row is no longer measured.
+    QTRY_VERIFY_WITH_TIMEOUT(!item(cameras[0]) || !item(cameras[0])->measuringCamera, 30000);
+    ASSERT_NE(item(cameras[1]), nullptr);
+    ASSERT_NE(item(cameras[1])->measuringCamera, nullptr);
+    EXPECT_EQ(item(cameras[1])->row->checkState(0), Qt::Checked);
+    const double imagesBefore = number(cameras[1], 6);
+    QTest::qWait(1000);
+    EXPECT_GT(number(cameras[1], 6), imagesBefore + FramesPerSecond * 0.5);
+    EXPECT_NEAR(number(cameras[1], 5), FramesPerSecond, FramesPerSecond * 0.05);
+    EXPECT_EQ(item(cameras[1])->row->text(7), QStringLiteral("0"));
+    dialog.done(0);
+}
+
+} // namespace
