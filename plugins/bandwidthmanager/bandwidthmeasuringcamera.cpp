@@ -158,9 +158,8 @@ quint64 CBandwidthMeasuringCamera::estimateBandwidth(double frameRate) const
     return toUnsigned(double(m_ptrPayloadParameter->getValue()) * frameRate);
 }
 
-SBandwidthSample CBandwidthMeasuringCamera::getSample()
+void CBandwidthMeasuringCamera::readCamera()
 {
-    SBandwidthSample sample;
     const bool grabbing = isGrabbing();
     if (grabbing && m_frameRateDirty) {
         try {
@@ -190,6 +189,14 @@ SBandwidthSample CBandwidthMeasuringCamera::getSample()
         m_lastErrorCounterValue = value;
     }
     m_lostFrames += delta;
+}
+
+SBandwidthSample CBandwidthMeasuringCamera::getSample()
+{
+    SBandwidthSample sample;
+    // A lost camera raises on every node access; the counts so far still stand.
+    if (!m_connectionLost)
+        readCamera();
 
     sample.images = m_grabbedImages.load(std::memory_order_relaxed) - m_imageBase + m_lostFrames;
     sample.errors = m_failedGrabs.load(std::memory_order_relaxed) - m_errorBase + m_lostFrames;

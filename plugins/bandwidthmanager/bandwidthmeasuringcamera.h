@@ -70,6 +70,7 @@ protected slots:
 private:
     bool isGrabbing() const;
     quint64 estimateBandwidth(double frameRate) const;
+    void readCamera();
 
     FpsStatistic m_fpsStatistic;
     // Written by the grab thread only; relaxed is enough for a single writer.

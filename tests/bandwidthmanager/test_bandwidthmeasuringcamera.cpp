@@ -263,12 +263,17 @@ TEST_F(MeasuringCameraTest, selectorWriteThatRaisesStillEndsWithSelectorBack)
 
 TEST_F(MeasuringCameraTest, connectionLossStopsMeasuringAndIsReported)
 {
+    parameters->addFloat("ResultingFrameRate", 10.0, 0, 100, "RO");
     open();
     measuring->startMeasuring();
+    grab("++");
+    parameters->failNext("ResultingFrameRate", EScriptedAccess::Read, 100); // a lost camera raises everywhere
     EXPECT_TRUE(measuring->isMeasuring());
     camera->loseConnection();
     EXPECT_FALSE(measuring->isMeasuring());
-    EXPECT_TRUE(measuring->getSample().connectionLost);
+    const SBandwidthSample sample = measuring->getSample();
+    EXPECT_TRUE(sample.connectionLost);
+    EXPECT_EQ(sample.images, 2u);
     EXPECT_TRUE(measuring->isConnectionLost());
 }
 

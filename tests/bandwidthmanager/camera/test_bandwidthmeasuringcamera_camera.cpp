@@ -1,0 +1,197 @@
+#include "CEmulatedCamera.h"
+
+#include "bandwidthmeasuringcameragige.h"
+
+#include <camerapool/CameraPoolServices.h>
+
+#include <Core/Logging/Logging.h>
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <unistd.h>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+using namespace Plugin::BandwidthManager;
+
+namespace {
+
+constexpr double kFps = 25.0;
+
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.elapsed() > timeoutMs)
+            return false;
+        QTest::qWait(50);
+    }
+    return true;
+}
+
+// Three emulated cameras on loopback addresses of this run: a steady one, one
+// that drops packets without resend, and one that the test kills.
+class MeasuringCameraOnEmulator : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+#ifdef GIGE_EMULATOR_PATH
+        Core::Logging::setStderrEnabled(false);
+        const int pid = int(::getpid());
+        const QString net = QStringLiteral("127.%1.%2.").arg(200 + pid % 50).arg((pid / 50) % 250);
+        const QString tag = QString::number(pid % 100000);
+        const QStringList small{"--width", "320", "--height", "240", "--fps", QString::number(kFps)};
+        s_started = s_steady.start(GIGE_EMULATOR_PATH, net + "2", "MCS" + tag, small)
+                    && s_lossy.start(GIGE_EMULATOR_PATH, net + "3", "MCL" + tag,
+                                     small + QStringList{"--loss-ratio", "0.002", "--no-resend"})
+                    && s_victim.start(GIGE_EMULATOR_PATH, net + "4", "MCK" + tag, small);
+        s_services = new CameraPool::SCameraPoolServices(CameraPool::createCameraPoolServices({false, 1000}));
+        s_discovered = s_started && waitUntil([] { return find(s_steady) && find(s_lossy) && find(s_victim); }, 20000);
+#endif
+    }
+
+    static void TearDownTestSuite()
+    {
+        delete s_services;
+        s_services = nullptr;
+        for (CEmulatedCamera* camera : {&s_steady, &s_lossy, &s_victim})
+            camera->kill();
+        Core::Logging::setStderrEnabled(true);
+    }
+
+    void SetUp() override
+    {
+#ifndef GIGE_EMULATOR_PATH
+        GTEST_SKIP() << "gige-emulator is not built";
+#endif
+        ASSERT_TRUE(s_started) << s_steady.output().toStdString() << s_lossy.output().toStdString();
+        ASSERT_TRUE(s_discovered) << "the camera backend did not find the emulated cameras";
+    }
+
+    static Core::CameraPoolComponents::CameraInfoPtr find(const CEmulatedCamera& camera)
+    {
+        for (const auto& info : s_services->enumeration->cameras()) {
+            if (info->displayName().contains(camera.serial()) || info->key().contains(camera.serial()))
+                return info;
+        }
+        return {};
+    }
+
+    static std::unique_ptr<CBandwidthMeasuringCameraGigE> measure(const CEmulatedCamera& camera)
+    {
+        const auto info = find(camera);
+        auto measuring = std::make_unique<CBandwidthMeasuringCameraGigE>(
+            s_services->parameters->parameterCollection(info), info, s_services->status, s_services->control);
+        if (!measuring->openCamera())
+            return {};
+        measuring->initParameters();
+        return measuring;
+    }
+
+    static CEmulatedCamera s_steady;
+    static CEmulatedCamera s_lossy;
+    static CEmulatedCamera s_victim;
+    static bool s_started;
+    static bool s_discovered;
+    static CameraPool::SCameraPoolServices* s_services;
+};
+
+CEmulatedCamera MeasuringCameraOnEmulator::s_steady;
+CEmulatedCamera MeasuringCameraOnEmulator::s_lossy;
+CEmulatedCamera MeasuringCameraOnEmulator::s_victim;
+bool MeasuringCameraOnEmulator::s_started = false;
+bool MeasuringCameraOnEmulator::s_discovered = false;
+CameraPool::SCameraPoolServices* MeasuringCameraOnEmulator::s_services = nullptr;
+
+TEST_F(MeasuringCameraOnEmulator, countsAtTheFrameRateAndPayloadOfTheCamera)
+{
+    const auto measuring = measure(s_steady);
+    ASSERT_TRUE(measuring);
+    const double payload = double(measuring->getParameters()->getIntegerParameter("PayloadSize")->getValue());
+    ASSERT_GT(payload, 0);
+    const qint64 delayBefore = measuring->getParameters()->getIntegerParameter("GevSCPD")->getValue();
+    EXPECT_GT(measuring->getMaximumThroughput(), 0);
+    EXPECT_EQ(measuring->getParameters()->getIntegerParameter("GevSCPD")->getValue(), delayBefore);
+    EXPECT_NEAR(double(measuring->getSample().bandwidth), payload * kFps, payload * kFps * 0.05);
+
+    measuring->startMeasuring();
+    ASSERT_TRUE(measuring->isMeasuring());
+    ASSERT_TRUE(waitUntil([&] { return measuring->getSample().images > 0; }, 10000));
+    measuring->resetStatistics();
+    QElapsedTimer timer;
+    timer.start();
+    QTest::qWait(2000);
+    const SBandwidthSample sample = measuring->getSample();
+    const double expectedImages = kFps * double(timer.elapsed()) / 1000.0;
+    measuring->stopMeasuring();
+
+    EXPECT_EQ(sample.errors, 0u);
+    EXPECT_NEAR(double(sample.images), expectedImages, expectedImages * 0.05);
+    EXPECT_NEAR(sample.fpsReceived, kFps, kFps * 0.05);
+    EXPECT_NEAR(double(sample.payloadReceived), payload * kFps, payload * kFps * 0.05);
+    EXPECT_NEAR(sample.fpsSent, kFps, kFps * 0.05);
+    EXPECT_TRUE(sample.timestamp.isValid());
+}
+
+TEST_F(MeasuringCameraOnEmulator, incompleteFramesAreErrorsNotImages)
+{
+    const auto measuring = measure(s_lossy);
+    ASSERT_TRUE(measuring);
+    const auto camera = s_services->control->acquireCamera(measuring->getCameraInfo());
+    ASSERT_TRUE(camera);
+    std::atomic<quint64> succeeded{0};
+    std::atomic<quint64> failed{0};
+    QObject::connect(
+        camera.data(), &Plugin::CameraPool::ICamera::cameraImageGrabbed, camera.data(),
+        [&](const auto&, const Zenta::CGrabResultPtr& result) { ++(result->GrabSucceeded() ? succeeded : failed); },
+        Qt::DirectConnection);
+
+    measuring->startMeasuring();
+    const bool sawFailures = waitUntil([&] { return failed >= 5 && succeeded >= 5; }, 10000);
+    measuring->stopMeasuring();
+    QObject::disconnect(camera.data(), &Plugin::CameraPool::ICamera::cameraImageGrabbed, camera.data(), nullptr);
+    s_services->control->releaseCamera(camera);
+    ASSERT_TRUE(sawFailures) << succeeded << " good, " << failed << " failed";
+
+    // Frames the stream grabber lost altogether count in both; the rest is exact.
+    const SBandwidthSample sample = measuring->getSample();
+    ASSERT_GE(sample.errors, failed.load());
+    const quint64 lost = sample.errors - failed;
+    EXPECT_EQ(sample.images, succeeded + lost);
+}
+
+TEST_F(MeasuringCameraOnEmulator, killedCameraIsReportedLostAndStopsMeasuring)
+{
+    const auto measuring = measure(s_victim);
+    ASSERT_TRUE(measuring);
+    measuring->startMeasuring();
+    ASSERT_TRUE(waitUntil([&] { return measuring->getSample().images > 0; }, 10000));
+    s_victim.kill();
+
+    ASSERT_TRUE(waitUntil([&] { return measuring->isConnectionLost(); }, 30000));
+    EXPECT_FALSE(measuring->isMeasuring());
+    SBandwidthSample sample;
+    try {
+        sample = measuring->getSample();
+    } catch (const std::exception& e) {
+        FAIL() << "the sample after the loss raised: " << e.what();
+    }
+    EXPECT_TRUE(sample.connectionLost);
+    QTest::qWait(300);
+    quint64 later = 0;
+    try {
+        later = measuring->getSample().images;
+    } catch (const std::exception&) {
+        later = sample.images;
+    }
+    EXPECT_EQ(later, sample.images);
+}
+
+} // namespace
