@@ -2,8 +2,10 @@
 #              [LABELS <labels...>] [TIMEOUT <seconds>] [ENV <VAR=value...>])
 # One GoogleTest binary registered as one CTest test. Every test gets its own
 # HOME and XDG folders under the build tree so that QSettings never touches the
-# user's own configuration, and widgets render offscreen.
+# user's own configuration, and widgets render offscreen. Under AddressSanitizer
+# every test reads the project's one leak suppression file.
 find_package(GTest REQUIRED)
+set(BWM_LSAN_SUPPRESSIONS ${CMAKE_CURRENT_LIST_DIR}/lsan.supp)
 
 function(bwm_add_test)
   cmake_parse_arguments(T "" "NAME;TIMEOUT" "SOURCES;LIBS;LABELS;ENV" ${ARGN})
@@ -16,6 +18,9 @@ function(bwm_add_test)
   endif()
   set(home ${PROJECT_BINARY_DIR}/test-home/${T_NAME})
   file(MAKE_DIRECTORY ${home})
+  if(BWM_SANITIZE STREQUAL "address")
+    list(APPEND T_ENV LSAN_OPTIONS=suppressions=${BWM_LSAN_SUPPRESSIONS})
+  endif()
   add_test(NAME ${T_NAME} COMMAND ${T_NAME})
   set_tests_properties(${T_NAME} PROPERTIES
     TIMEOUT ${T_TIMEOUT}
