@@ -1,11 +1,14 @@
 #include "bandwidthdialog.h"
 
+#include <host/fakes/CFakeCameraControlService.h>
 #include <host/fakes/CFakeCameraEnumerationService.h>
 #include <host/fakes/CFakeCameraInfo.h>
 #include <host/fakes/CFakeCameraStatusService.h>
 #include <host/fakes/CFakeDeviceInfo.h>
 #include <host/fakes/CFakeMessageLogService.h>
+#include <host/fakes/CFakeParameterService.h>
 #include <host/fakes/CModalResponder.h>
+#include <parameters/fakes/CScriptedParameterCollection.h>
 
 #include <Core/Logging/CLogCapture.h>
 #include <Core/Plugin/CPluginManager.h>
@@ -544,6 +547,37 @@ INSTANTIATE_TEST_SUITE_P(
         SOfferCase{"adapter_current_gets_the_offer", "", false, true,
                    {"startCameraByKey:gev-1", "startCameraByKey:gev-2"}}),
     [](const ::testing::TestParamInfo<SOfferCase>& info) { return std::string(info.param.name); });
+
+TEST_F(BandwidthDialogTest, RealTreeReportsTheTriggerOfThePreselectedCamera)
+{
+    const auto camera = CFakeCameraInfo::create("G1", "gev-1", "GEV", {{"Interface", "192.0.2.7"}});
+    addService<CFakeCameraEnumerationService>()->addTransportLayer(QStringLiteral("DorvikGigE"), {camera});
+    addService<CFakeCameraStatusService>()->setCurrentDevice(camera);
+    addService<CFakeCameraControlService>();
+    const auto collection = QSharedPointer<ParameterFakes::CScriptedParameterCollection>::create();
+    collection->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
+    collection->addEnumeration(QStringLiteral("TriggerSelector"), QStringLiteral("FrameStart"),
+                               {QStringLiteral("FrameStart"), QStringLiteral("AcquisitionStart")});
+    collection->addEnumeration(QStringLiteral("TriggerMode"), QStringLiteral("On"),
+                               {QStringLiteral("Off"), QStringLiteral("On")});
+    collection->addEnumeration(QStringLiteral("TriggerSource"), QStringLiteral("Software"),
+                               {QStringLiteral("Software"), QStringLiteral("Line1")});
+    addService<CFakeParameterService>()->setDefaultCollection(collection);
+
+    CModalResponder responder; // the GigE offer is declined
+    BandwidthDialog dialog(m_manager.toWeakRef(), nullptr, Qt::WindowFlags(), nullptr);
+    EXPECT_EQ(responder.seen(), QStringList{"MessageBoxCheckable"});
+    auto* hint = dialog.findChild<QLabel*>(QStringLiteral("labelHintText"));
+    auto* icon = dialog.findChild<QLabel*>(QStringLiteral("labelHintIcon"));
+    EXPECT_EQ(hint->text(), QStringLiteral("Software trigger enabled on G1!"));
+    EXPECT_EQ(icon->pixmap(Qt::ReturnByValue).toImage(), expectedIcon(ErrorIcon));
+
+    collection->setValue(QStringLiteral("TriggerSource"), QStringLiteral("Line1"));
+    dialog.onConfigureDialogClosed();
+    EXPECT_EQ(hint->text(), QStringLiteral("Hardware trigger enabled on G1!"));
+    EXPECT_EQ(icon->pixmap(Qt::ReturnByValue).toImage(), expectedIcon(WarningIcon));
+    EXPECT_EQ(collection->value(QStringLiteral("TriggerSelector")).toString(), QStringLiteral("FrameStart"));
+}
 
 TEST_F(BandwidthDialogTest, F1TriggersAnEnabledHelpAction)
 {
