@@ -626,26 +626,3 @@ bool BandwidthTreeWidget::collectTriggeredCameras(QStringList* softwareList, QSt
     }
     return any;
 }
-
-void BandwidthTreeWidget::OptimizeAllGigE()
-{
-    emit optimizeAllGigEStarted();
-    for (FlatTreeItemID id = 0; id < flatTree->size(); ++id) {
-        const FlatTreeItem& item = flatTree->item(id);
-        if (item.isAdapter && item.isGigE) {
-            optimizeGigEAdapter(id, false);
-            updateButtonState(id);
-        }
-    }
-}
-
-void BandwidthTreeWidget::onOptimizeButton(int buttonId)
-{
-    emit optimizeGigEStarted();
-    optimizeGigEAdapter(static_cast<FlatTreeItemID>(buttonId), true);
-}
-
-void BandwidthTreeWidget::optimizeGigEAdapter(FlatTreeItemID /*adapterId*/, bool /*onlySelected*/)
-{
-    // The optimisation run is not part of this build: no camera is changed and no result goes out.
-}

@@ -16,11 +16,16 @@
 #include <QTreeWidget>
 
 #include <cstddef>
+#include <functional>
+#include <memory>
 #include <vector>
 
 class QSettings;
 class FlatTree;
 struct MeasuringCameraSet;
+namespace CfgApi {
+class INetworkConfig;
+}
 
 // The device tree of the bandwidth dialog: shows the rows of a FlatTree,
 // owns the measuring cameras, and turns check marks and timer ticks into
@@ -78,6 +83,10 @@ public:
 
     FlatTree* model() const { return flatTree; }
 
+    // Where the optimisation run reads link speeds; CfgApi::CreateNetworkConfig when empty.
+    using NetworkConfigFactory = std::function<std::unique_ptr<CfgApi::INetworkConfig>()>;
+    void setNetworkConfigFactory(NetworkConfigFactory factory);
+
 public slots:
     virtual void clear();
     virtual void OptimizeAllGigE();
@@ -105,6 +114,9 @@ private:
     FlatTreeItem* itemOfRow(const QTreeWidgetItem* pRow) const;
     bool isGigECamera(const FlatTreeItem& item) const;
     void refreshAllRows();
+    double adapterBandwidth(const FlatTreeItem& adapter);
+    SOptimizationResult optimizeCameras(const std::vector<FlatTreeItemID>& cameraIds, double budget);
+    SOptimizationResult optimizeCamera(FlatTreeItemID id, double share, quint32 index);
 
     FlatTree* flatTree = nullptr;
     MeasuringCameraSet* cameras = nullptr;
@@ -115,6 +127,7 @@ private:
     QString okToolTip;
     QSignalMapper optimizeMapper;
     Core::Plugin::PluginManagerWeakPtr services;
+    NetworkConfigFactory networkConfigFactory;
 };
 
 Q_DECLARE_METATYPE(BandwidthTreeWidget::SOptimizationResult)

@@ -1,0 +1,385 @@
+#include "bandwidthlimiterinterpacketdelay.h"
+#include "bandwidthtreewidget.h"
+#include "flattree.h"
+
+#include <host/fakes/CFakeCameraControlService.h>
+#include <host/fakes/CFakeCameraEnumerationService.h>
+#include <host/fakes/CFakeCameraInfo.h>
+#include <host/fakes/CFakeCameraStatusService.h>
+#include <host/fakes/CFakeParameterService.h>
+#include <parameters/fakes/CScriptedParameterCollection.h>
+
+#include <baselibs/CInMemoryAdapterListSource.h>
+#include <cfgapi/CInMemoryElevation.h>
+#include <cfgapi/CInMemoryManagementCalls.h>
+#include <cfgapi/CInMemoryRegistryView.h>
+#include <cfgapi/CNetworkAdapter.h>
+#include <cfgapi/CNetworkConfig.h>
+
+#include <Core/Logging/Logging.h>
+#include <Core/Plugin/CPluginManager.h>
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QSignalSpy>
+
+#include <arpa/inet.h>
+
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <vector>
+
+using namespace HostFakes;
+using Core::CameraPoolComponents::CameraInfoPtr;
+using ParameterFakes::CScriptedParameterCollection;
+using Result = BandwidthTreeWidget::SOptimizationResult;
+
+namespace {
+
+const QString Adapter = QStringLiteral("192.0.2.7");
+
+// The limit editor of a row, recording what the run asks of it.
+class CRecordingLimiter : public BandwidthLimiterInterPacketDelay
+{
+public:
+    using BandwidthLimiterInterPacketDelay::BandwidthLimiterInterPacketDelay;
+    void setValue(int value) override
+    {
+        values.push_back(value);
+        BandwidthLimiterInterPacketDelay::setValue(value);
+        if (afterSetValue)
+            afterSetValue();
+    }
+    std::vector<int> values;
+    std::function<void()> afterSetValue;
+};
+
+// A GigE camera whose throughput falls with the inter-packet delay and whose
+// probe leaves the packet size at `probed`.
+struct SCameraScript
+{
+    double maximumMBs = 300.0;
+    qint64 packetSize = 1500;
+    qint64 probed = 1500;
+    bool measured = true;
+};
+
+// The network layer over in-memory seams: adapters with an address and a link speed.
+struct SNetwork
+{
+    std::shared_ptr<Baselibs::CInMemoryAdapterListSource> adapters =
+        std::make_shared<Baselibs::CInMemoryAdapterListSource>();
+    std::shared_ptr<CfgApi::CInMemoryRegistryView> registry = std::make_shared<CfgApi::CInMemoryRegistryView>();
+    bool broken = false;
+
+    void add(const char* address, uint64_t linkSpeed)
+    {
+        const std::string guid = "{" + std::to_string(adapters->m_entries.size() + 1) + "}";
+        registry->SetString(std::string(CfgApi::CNetworkAdapter::kClassKey) + "\\000" +
+                                std::to_string(adapters->m_entries.size()),
+                            "NetCfgInstanceId", guid);
+        Baselibs::SPlatformAdapterEntry entry;
+        entry.adapterName = guid;
+        entry.friendlyName = "eth" + std::to_string(adapters->m_entries.size());
+        entry.physicalAddress = {0x00, 0x1B, 0x21, 0x01, 0x02, uint8_t(adapters->m_entries.size())};
+        entry.operUp = true;
+        Baselibs::SUnicastAddress unicast;
+        unicast.family = AF_INET;
+        const uint32_t raw = inet_addr(address);
+        std::memcpy(unicast.address, &raw, 4);
+        unicast.onLinkPrefixLength = 24;
+        entry.unicastAddresses = {unicast};
+        entry.receiveLinkSpeed = linkSpeed;
+        adapters->m_entries.push_back(entry);
+    }
+
+    std::unique_ptr<CfgApi::INetworkConfig> create() const
+    {
+        if (broken)
+            return nullptr;
+        CfgApi::SPlatform platform;
+        platform.adapters = adapters;
+        platform.registry = registry;
+        platform.management = std::make_shared<CfgApi::CInMemoryManagementCalls>();
+        platform.elevation = std::make_shared<CfgApi::CInMemoryElevation>(true);
+        platform.sleep = [](unsigned) {};
+        return std::make_unique<CfgApi::CNetworkConfig>(platform);
+    }
+};
+
+class OptimizationTest : public ::testing::Test
+{
+public:
+    void SetUp() override
+    {
+        Core::Logging::setStderrEnabled(false);
+        logHandle = Core::Logging::addLogListener([this](const Core::Logging::SLogEntry& entry) {
+            if (entry.level == Core::Logging::LogLevelFailure)
+                failures << entry.text;
+        });
+        for (const Core::Service::ServicePtr& service :
+             {Core::Service::ServicePtr(enumeration), Core::Service::ServicePtr(status),
+              Core::Service::ServicePtr(control), Core::Service::ServicePtr(parameters)})
+            manager->addService(service);
+        tree.setColumnCount(8);
+        tree.setCameraServices(manager.toWeakRef());
+        tree.setDeviceClasses({"DorvikGigE"});
+        tree.setNetworkConfigFactory([this] { return network.create(); });
+    }
+    void TearDown() override
+    {
+        Core::Logging::removeLogListener(logHandle);
+        Core::Logging::setStderrEnabled(true);
+    }
+
+    // Cameras gev-1, gev-2, ... on one adapter; measured ones get a recording limiter.
+    void build(const std::vector<SCameraScript>& scripts)
+    {
+        QList<CameraInfoPtr> infos;
+        for (size_t index = 0; index < scripts.size(); ++index) {
+            const QString key = QStringLiteral("gev-%1").arg(index + 1);
+            infos << CFakeCameraInfo::create(key.toUpper(), key, "GEV", {{"Interface", Adapter}});
+            collections.push_back(scripted(scripts[index]));
+            parameters->setCollection(key, collections.back());
+        }
+        enumeration->addTransportLayer("DorvikGigE", infos);
+        tree.refreshTree();
+        for (size_t index = 0; index < scripts.size(); ++index) {
+            limiters.push_back(nullptr);
+            if (!scripts[index].measured)
+                continue;
+            const QString key = QStringLiteral("gev-%1").arg(index + 1);
+            ASSERT_TRUE(tree.startCameraByKey(key)) << key.toStdString();
+            limiters.back() = std::make_unique<CRecordingLimiter>(collections[index]);
+            item(key).editor = limiters.back().get();
+        }
+    }
+
+    static QSharedPointer<CScriptedParameterCollection> scripted(const SCameraScript& script)
+    {
+        auto collection = QSharedPointer<CScriptedParameterCollection>::create();
+        collection->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
+        collection->addInteger(QStringLiteral("GevSCPD"), 0, 0, 100000);
+        collection->addInteger(QStringLiteral("GevSCDCT"), 0, 0, 1000000000, 1, "RO");
+        setThroughputLaw(collection, script.maximumMBs);
+        collection->addInteger(QStringLiteral("GevSCPSPacketSize"), script.packetSize, 576, 9000);
+        collection->addInteger(QStringLiteral("GevSCFTD"), 0, 0, 1000000000);
+        collection->addCommand(QStringLiteral("@StreamGrabber0/ProbePacketSize"));
+        const qint64 probed = script.probed;
+        CScriptedParameterCollection* raw = collection.data();
+        collection->setAfterWrite(QStringLiteral("@StreamGrabber0/ProbePacketSize"), [raw, probed](const QVariant&) {
+            raw->setValue(QStringLiteral("GevSCPSPacketSize"), probed);
+        });
+        return collection;
+    }
+
+    // Throughput at delay d is maximum * 1000 / (1000 + d): the device's own figure.
+    static void setThroughputLaw(const QSharedPointer<CScriptedParameterCollection>& collection, double maximumMBs)
+    {
+        CScriptedParameterCollection* raw = collection.data();
+        collection->setValueLaw(QStringLiteral("GevSCDCT"), [raw, maximumMBs] {
+            const qint64 delay = raw->value(QStringLiteral("GevSCPD")).toLongLong();
+            return QVariant(qint64(maximumMBs * 1e6 * 1000.0 / (1000.0 + double(delay))));
+        });
+    }
+
+    FlatTreeItem& item(const QString& key) { return tree.model()->item(tree.model()->findByKey(key)); }
+    FlatTreeItemID adapterId() { return tree.model()->findByKey(Adapter); }
+    Result optimizeAll()
+    {
+        QSignalSpy spy(&tree, &BandwidthTreeWidget::optimizedGigECamera);
+        tree.OptimizeAllGigE();
+        EXPECT_EQ(spy.count(), 1);
+        return spy.isEmpty() ? Result() : spy.takeFirst().at(0).value<Result>();
+    }
+    qint64 value(size_t camera, const char* node) { return collections[camera]->value(QString::fromLatin1(node)).toLongLong(); }
+
+    SNetwork network;
+    std::vector<QSharedPointer<CScriptedParameterCollection>> collections;
+    std::vector<std::unique_ptr<CRecordingLimiter>> limiters;
+    QStringList failures;
+    int logHandle = 0;
+    Core::Plugin::PluginManagerPtr manager = Core::Plugin::PluginManagerPtr::create();
+    QSharedPointer<CFakeCameraEnumerationService> enumeration = QSharedPointer<CFakeCameraEnumerationService>::create();
+    QSharedPointer<CFakeCameraStatusService> status = QSharedPointer<CFakeCameraStatusService>::create();
+    QSharedPointer<CFakeCameraControlService> control = QSharedPointer<CFakeCameraControlService>::create();
+    QSharedPointer<CFakeParameterService> parameters = QSharedPointer<CFakeParameterService>::create();
+    BandwidthTreeWidget tree;
+};
+
+struct SShareCase
+{
+    const char* scenario;
+    uint64_t linkSpeed;
+    std::vector<SCameraScript> cameras;
+    std::function<void(OptimizationTest&)> arrange;
+    // Per camera, in the order they were added.
+    std::vector<std::vector<int>> limiterValues;
+    std::vector<qint64> frameDelays;
+    double usedBandwidth;
+};
+
+class Shares : public OptimizationTest, public ::testing::WithParamInterface<SShareCase>
+{
+};
+
+TEST_P(Shares, fillTheBudgetFromTheSlowestCamera)
+{
+    const SShareCase& c = GetParam();
+    network.add("192.0.2.7", c.linkSpeed);
+    build(c.cameras);
+    if (c.arrange)
+        c.arrange(*this);
+
+    const Result result = optimizeAll();
+
+    for (size_t camera = 0; camera < c.cameras.size(); ++camera) {
+        SCOPED_TRACE(camera);
+        EXPECT_EQ(limiters[camera]->values, c.limiterValues[camera]);
+        EXPECT_EQ(value(camera, "GevSCFTD"), c.frameDelays[camera]);
+    }
+    EXPECT_NEAR(result.usedBandwidth, c.usedBandwidth, 0.2);
+    EXPECT_FALSE(result.frameTransmissionDelayChanged) << "left out of the merge";
+    EXPECT_TRUE(failures.isEmpty()) << failures.join('\n').toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Optimization, Shares,
+    ::testing::Values(
+        SShareCase{"one_camera_on_1000_mbit_gets_112_of_112_5", 1000000000, {{}}, {}, {{112}}, {0}, 111.0},
+        SShareCase{"the_slower_camera_is_served_first_and_its_rest_flows_on",
+                   1000000000, {{300.0}, {50.0}}, {}, {{62}, {56}}, {1518, 0}, 50.0 + 62.0 - 1.0},
+        SShareCase{"a_camera_reporting_minus_one_takes_nothing_from_the_budget",
+                   1000000000, {{300.0}, {50.0}},
+                   [](OptimizationTest& t) {
+                       t.limiters[1]->afterSetValue = [&t] { t.collections[1]->setAccessMode("GevSCDCT", "NA"); };
+                   },
+                   {{112}, {56}}, {1518, 0}, 112.0 - 1.0},
+        SShareCase{"a_share_below_one_megabyte_reaches_the_limiter_as_0", 8000000, {{}}, {}, {{0}}, {0}, 2.97 - 1.0},
+        SShareCase{"packet_size_8192_staggers_the_second_camera_by_8210",
+                   1000000000, {{100.0, 1500, 8192}, {100.0, 1500, 8192}}, {}, {{56}, {56}}, {0, 8210}, 111.0}),
+    [](const auto& info) { return std::string(info.param.scenario); });
+
+struct SProbeCase
+{
+    const char* scenario;
+    qint64 before;
+    qint64 probed;
+    std::function<void(CScriptedParameterCollection&)> arrange;
+    qint64 packetSize;
+    bool changed;
+    bool limited;
+    bool defaulted;
+};
+
+class Probe : public OptimizationTest, public ::testing::WithParamInterface<SProbeCase>
+{
+};
+
+TEST_P(Probe, setsWhatThePathCarries)
+{
+    const SProbeCase& c = GetParam();
+    network.add("192.0.2.7", 1000000000);
+    build({{300.0, c.before, c.probed}});
+    if (c.arrange)
+        c.arrange(*collections[0]);
+
+    const Result result = optimizeAll();
+
+    EXPECT_EQ(collections[0]->writeCount("@StreamGrabber0/ProbePacketSize"), 1);
+    EXPECT_EQ(value(0, "GevSCPSPacketSize"), c.packetSize);
+    EXPECT_EQ(result.packetSizeChanged, c.changed);
+    EXPECT_EQ(result.packetSizeLimited, c.limited);
+    EXPECT_EQ(result.packetSizeDefaulted, c.defaulted);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Optimization, Probe,
+    ::testing::Values(
+        SProbeCase{"probe_leaving_1400_falls_back_to_1500", 1400, 1400, {}, 1500, true, true, true},
+        SProbeCase{"fallback_corrected_by_the_camera_is_not_defaulted", 1400, 1400,
+                   [](CScriptedParameterCollection& camera) {
+                       camera.setWriteLaw("GevSCPSPacketSize", [](const QVariant&) { return QVariant(qint64(1496)); });
+                   },
+                   1496, true, true, false},
+        SProbeCase{"probe_raising_1500_to_9000", 1500, 9000, {}, 9000, true, false, false},
+        SProbeCase{"probe_leaving_1500_alone", 1500, 1500, {}, 1500, false, true, false}),
+    [](const auto& info) { return std::string(info.param.scenario); });
+
+TEST_F(OptimizationTest, unmeasuredCameraAmongTwoStopsTheAdapterInTheSortButTheSignalGoesOut)
+{
+    network.add("192.0.2.7", 1000000000);
+    build({{300.0}, {50.0, 1500, 1500, false}});
+
+    const Result result = optimizeAll();
+
+    EXPECT_FALSE(result.packetSizeChanged || result.interPacketDelayChanged || result.packetSizeLimited);
+    EXPECT_EQ(result.usedBandwidth, -1.0);
+    EXPECT_TRUE(limiters[0]->values.empty());
+    EXPECT_EQ(collections[0]->writeCount("@StreamGrabber0/ProbePacketSize"), 0);
+    EXPECT_EQ(collections[0]->writeCount("GevSCFTD"), 0);
+    EXPECT_TRUE(failures.contains(QStringLiteral("Invalid camera object received."))) << failures.join('\n').toStdString();
+}
+
+struct SLinkSpeedCase
+{
+    const char* scenario;
+    std::function<void(SNetwork&)> arrange;
+    QStringList logged; // "%1" stands for the adapter row's text
+};
+
+class LinkSpeed : public OptimizationTest, public ::testing::WithParamInterface<SLinkSpeedCase>
+{
+};
+
+TEST_P(LinkSpeed, unknownFallsBackToOneGigabit)
+{
+    const SLinkSpeedCase& c = GetParam();
+    c.arrange(network);
+    build({{}});
+
+    optimizeAll();
+
+    EXPECT_EQ(limiters[0]->values, std::vector<int>{112}) << "the budget of 1 GBit/s";
+    QStringList expected;
+    for (const QString& line : c.logged)
+        expected << (line.contains("%1") ? line.arg(tree.model()->item(adapterId()).text) : line);
+    EXPECT_EQ(failures, expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Optimization, LinkSpeed,
+    ::testing::Values(
+        SLinkSpeedCase{"adapter_not_found", [](SNetwork& n) { n.add("198.51.100.1", 10000000000ull); },
+                       {"Could not find a network adapter with the given IP address.",
+                        "Could not determine current bandwidth of network adapter '%1'. Defaulting to 1GBit/s."}},
+        SLinkSpeedCase{"link_speed_of_0", [](SNetwork& n) { n.add("192.0.2.7", 0); },
+                       {"Could not determine current bandwidth of network adapter '%1'. Defaulting to 1GBit/s."}},
+        SLinkSpeedCase{"no_network_configuration", [](SNetwork& n) { n.broken = true; },
+                       {"Invalid network config received.",
+                        "Could not determine current bandwidth of network adapter '%1'. Defaulting to 1GBit/s."}}),
+    [](const auto& info) { return std::string(info.param.scenario); });
+
+TEST_F(OptimizationTest, optimizeButtonServesCheckedCamerasOnlyAndNothingWhenNoneIsChecked)
+{
+    network.add("192.0.2.7", 1000000000);
+    build({{300.0}, {300.0, 1500, 1500, false}});
+    QSignalSpy started(&tree, &BandwidthTreeWidget::optimizeGigEStarted);
+    QSignalSpy optimized(&tree, &BandwidthTreeWidget::optimizedGigECamera);
+
+    tree.onOptimizeButton(int(adapterId()));
+    EXPECT_EQ(started.count(), 1);
+    ASSERT_EQ(optimized.count(), 1) << "the unmeasured camera is not checked, so it is not sorted";
+    EXPECT_EQ(limiters[0]->values, std::vector<int>{112});
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor is gone after the run";
+
+    ASSERT_TRUE(tree.stopCamera(tree.model()->findByKey("gev-1")));
+    tree.onOptimizeButton(int(adapterId()));
+    EXPECT_EQ(started.count(), 2);
+    EXPECT_EQ(optimized.count(), 1) << "no checked camera: no signal";
+    EXPECT_EQ(collections[0]->writeCount("@StreamGrabber0/ProbePacketSize"), 1);
+}
+
+} // namespace
