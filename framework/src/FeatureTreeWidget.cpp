@@ -1,11 +1,17 @@
 #include <Utilities/FeatureTreeWidget.h>
 
+#include "FeatureTreeValueDelegate.h"
+
+#include <Core/Exception/BaseException.h>
+#include <Core/Logging/Logging.h>
 #include <GenICam/GenericException.h>
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QMenu>
+#include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSettings>
 #include <QStandardItemModel>
 #include <QTimer>
@@ -24,6 +30,28 @@ int visibilityLevel(const QString& text)
 // Feature names travel in the first column's item for the context menu.
 constexpr int kNameRole = Qt::UserRole + 1;
 
+quint64 logCategory()
+{
+    static const quint64 id = Core::Logging::getCatId("zenta.viewer.featureTree");
+    return id;
+}
+
+// Call from a catch block.
+QString describeCurrentException()
+{
+    try {
+        throw;
+    } catch (const GenICam_3_1_Dorvik_zenta::GenericException& e) {
+        return QString::fromUtf8(e.GetDescription());
+    } catch (const std::exception& e) {
+        return QString::fromUtf8(e.what());
+    } catch (const Core::Exception::BaseException& e) {
+        return e.text();
+    } catch (...) {
+        return QStringLiteral("unknown failure");
+    }
+}
+
 } // namespace
 
 class FeatureTreeWidget::CPrivate
@@ -33,6 +61,9 @@ public:
     {
         QPersistentModelIndex value;
         ParameterCollection::ParameterPtr parameter;
+        // Until the whole tree is in the model: an item below a category not yet
+        // added has no index.
+        QStandardItem* item = nullptr;
     };
 
     QString name;
@@ -46,6 +77,9 @@ public:
     QTimer* pollTimer = nullptr;
     QList<ParameterCollection::ParameterCollectionPtr> collections;
     QList<SLeaf> leaves;
+    FeatureTreeWidget* owner = nullptr;
+    // Set while the tree writes a value it read, so that this is not taken for the user's edit.
+    bool showing = false;
 
     QString favoritesKey() const { return QStringLiteral("FeatureTreeWidget/%1/favorites").arg(name); }
     QStringList favoriteNames() const { return QSettings().value(favoritesKey()).toStringList(); }
@@ -54,9 +88,73 @@ public:
     {
         try {
             return parameter.isReadable() ? parameter.valueAsString() : QString();
-        } catch (const GenICam_3_1_Dorvik_zenta::GenericException& e) {
-            return QString::fromUtf8(e.GetDescription());
+        } catch (...) {
+            return describeCurrentException();
         }
+    }
+
+    static bool isWritable(const ParameterCollection::IParameter& parameter)
+    {
+        try {
+            return parameter.isWritable();
+        } catch (...) {
+            return false;
+        }
+    }
+
+    ParameterCollection::ParameterPtr parameterAt(const QModelIndex& index) const
+    {
+        for (const SLeaf& leaf : leaves) {
+            if (leaf.value == index)
+                return leaf.parameter;
+        }
+        return {};
+    }
+
+    // Editable by kind while the camera lets it be written; read-only values
+    // are greyed and in italics, and say so in their tool tip.
+    void showValue(const SLeaf& leaf)
+    {
+        QStandardItem* item = model->itemFromIndex(leaf.value);
+        if (!item)
+            return;
+        const ParameterCollection::IParameter& parameter = *leaf.parameter;
+        const ParameterCollection::EParameterKind kind = parameter.kind();
+        const bool writable = isWritable(parameter);
+        const bool readOnly = !writable;
+        const QScopedValueRollback<bool> showingGuard(showing, true);
+        if (kind == ParameterCollection::EParameterKind::Boolean) {
+            const QString text = readValue(parameter);
+            const bool on = text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 || text == QLatin1String("1");
+            item->setCheckable(true);
+            item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+            item->setText(on ? FeatureTreeWidget::tr("True") : FeatureTreeWidget::tr("False"));
+            item->setFlags(writable ? (item->flags() | Qt::ItemIsUserCheckable) : (item->flags() & ~Qt::ItemIsUserCheckable));
+        } else if (kind != ParameterCollection::EParameterKind::Command) {
+            item->setText(readValue(parameter));
+        }
+        item->setEditable(writable && kind != ParameterCollection::EParameterKind::Boolean
+                          && kind != ParameterCollection::EParameterKind::Command);
+        QFont font = item->font();
+        font.setItalic(readOnly);
+        item->setFont(font);
+        item->setForeground(readOnly ? view->palette().brush(QPalette::Disabled, QPalette::Text) : QBrush());
+        item->setToolTip(readOnly ? FeatureTreeWidget::tr("Read only") : QString());
+        if (auto* button = qobject_cast<QPushButton*>(view->indexWidget(leaf.value)))
+            button->setEnabled(writable);
+    }
+
+    // Other features may follow the one written (a rate from a delay, a lock from a mode).
+    void afterWrite(const QModelIndex& index, const QString& error)
+    {
+        refreshValues();
+        if (error.isEmpty())
+            return;
+        Core::Logging::createLogEntry(Core::Logging::LogLevelWarning, logCategory(),
+                                      FeatureTreeWidget::tr("Writing %1 failed: %2")
+                                          .arg(index.siblingAtColumn(0).data(kNameRole).toString(), error));
+        if (QStandardItem* item = model->itemFromIndex(index))
+            item->setToolTip(error);
     }
 
     // Returns false when nothing of the category is shown.
@@ -95,9 +193,31 @@ public:
             }
             valueItem->setText(readValue(*parameter));
             parent->appendRow({nameItem, valueItem});
-            leaves.append({QPersistentModelIndex(valueItem->index()), parameter});
+            leaves.append({QPersistentModelIndex(), parameter, valueItem});
         }
         return parent->rowCount() > 0;
+    }
+
+    void addCommandButtons(FeatureTreeWidget* owner)
+    {
+        for (const SLeaf& leaf : qAsConst(leaves)) {
+            if (leaf.parameter->kind() != ParameterCollection::EParameterKind::Command)
+                continue;
+            auto* button = new QPushButton(FeatureTreeWidget::tr("Execute"));
+            const ParameterCollection::ParameterPtr parameter = leaf.parameter;
+            const QPersistentModelIndex index = leaf.value;
+            QObject::connect(button, &QPushButton::clicked, owner, [this, parameter, index] {
+                QString error;
+                try {
+                    if (auto* command = qobject_cast<ParameterCollection::ICommandParameter*>(parameter.data()))
+                        command->execute(false);
+                } catch (...) {
+                    error = describeCurrentException();
+                }
+                afterWrite(index, error);
+            });
+            view->setIndexWidget(leaf.value, button);
+        }
     }
 
     void rebuild()
@@ -109,13 +229,19 @@ public:
         const QStringList favoriteList = favoriteNames();
         for (const auto& collection : qAsConst(collections))
             addCategory(*collection, QStringLiteral("Root"), model->invisibleRootItem(), favoriteList, 0);
+        for (SLeaf& leaf : leaves)
+            leaf.value = QPersistentModelIndex(leaf.item->index());
+        addCommandButtons(owner);
+        refreshValues();
         for (const SLeaf& leaf : qAsConst(leaves)) {
             const QPersistentModelIndex index = leaf.value;
             ParameterCollection::IParameter* parameter = leaf.parameter.data();
             QObject::connect(parameter, &ParameterCollection::IParameter::parameterDataChangedDecoupled, model,
                              [this, index, parameter] {
-                                 if (index.isValid())
-                                     model->setData(index, readValue(*parameter));
+                                 for (const SLeaf& leaf : qAsConst(leaves)) {
+                                     if (leaf.value == index && index.isValid())
+                                         showValue(leaf);
+                                 }
                              });
         }
     }
@@ -124,7 +250,26 @@ public:
     {
         for (const SLeaf& leaf : qAsConst(leaves)) {
             if (leaf.value.isValid())
-                model->setData(leaf.value, readValue(*leaf.parameter));
+                showValue(leaf);
+        }
+    }
+
+    void onItemChanged(QStandardItem* item)
+    {
+        if (showing)
+            return;
+        for (const SLeaf& leaf : qAsConst(leaves)) {
+            if (leaf.value != item->index() || leaf.parameter->kind() != ParameterCollection::EParameterKind::Boolean)
+                continue;
+            QString error;
+            try {
+                if (auto* boolean = qobject_cast<ParameterCollection::IBooleanParameter*>(leaf.parameter.data()))
+                    boolean->setValue(item->checkState() == Qt::Checked);
+            } catch (...) {
+                error = describeCurrentException();
+            }
+            afterWrite(leaf.value, error);
+            return;
         }
     }
 };
@@ -133,6 +278,7 @@ FeatureTreeWidget::FeatureTreeWidget(QString name, QSharedPointer<Core::CameraPo
                                      QWidget* parent, int visibility, bool showFavoritesOnly)
     : QWidget(parent), d(new CPrivate)
 {
+    d->owner = this;
     d->name = std::move(name);
     d->info = std::move(info);
     d->visibility = visibility;
@@ -141,6 +287,15 @@ FeatureTreeWidget::FeatureTreeWidget(QString name, QSharedPointer<Core::CameraPo
     d->model->setHorizontalHeaderLabels({tr("Feature"), tr("Value")});
     d->view = new QTreeView(this);
     d->view->setModel(d->model);
+    d->view->setItemDelegateForColumn(
+        1, new CFeatureTreeValueDelegate([this](const QModelIndex& index) { return d->parameterAt(index); },
+                                         [this](const QModelIndex& index, const QString& error) {
+                                             d->afterWrite(index, error);
+                                         },
+                                         this));
+    d->view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked
+                             | QAbstractItemView::EditKeyPressed);
+    connect(d->model, &QStandardItemModel::itemChanged, this, [this](QStandardItem* item) { d->onItemChanged(item); });
     d->view->setContextMenuPolicy(Qt::CustomContextMenu);
     d->view->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     d->polling = new QCheckBox(tr("Polling"), this);

@@ -101,6 +101,12 @@ SScriptedNode& CScriptedParameterCollection::addString(const QString& name, cons
     return add(name, EParameterKind::String, value, accessMode);
 }
 
+SScriptedNode& CScriptedParameterCollection::addCategory(const QString& name, const QStringList& features)
+{
+    setCategoryFeatures(canonicalName(name), features);
+    return add(name, EParameterKind::Category, QVariant(), QStringLiteral("RO"));
+}
+
 SScriptedNode& CScriptedParameterCollection::addNotImplemented(const QString& name, EParameterKind kind)
 {
     return add(name, kind, QVariant(), QStringLiteral("NI"));

@@ -41,6 +41,8 @@ public:
     SScriptedNode& addBoolean(const QString& name, bool value, const QString& accessMode = QStringLiteral("RW"));
     SScriptedNode& addCommand(const QString& name, const QString& accessMode = QStringLiteral("WO"));
     SScriptedNode& addString(const QString& name, const QString& value, const QString& accessMode = QStringLiteral("RW"));
+    // A category node holding the given features, as the feature tree walks them.
+    SScriptedNode& addCategory(const QString& name, const QStringList& features);
     // A node the camera's description lists but the camera does not implement.
     SScriptedNode& addNotImplemented(const QString& name, ParameterCollection::EParameterKind kind);
     void remove(const QString& name);
