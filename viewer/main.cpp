@@ -2,6 +2,7 @@
 #include "CDeviceStateService.h"
 #include "CHostComponentPlugin.h"
 #include "CCameraSelectorPanel.h"
+#include "CLanguageSelector.h"
 #include "CMainWindow.h"
 #include "CMenuService.h"
 #include "CMessageLogService.h"
@@ -10,7 +11,6 @@
 #include "Screenshot.h"
 #include "ViewerIds.h"
 
-#include <Core/Plugin/ALocalizedPlugin.h>
 #include <Core/Plugin/CPluginManager.h>
 #include <Core/Plugin/ServiceLookup.h>
 #include <Plugin/CameraPool/ICameraEnumerationService.h>
@@ -55,7 +55,12 @@ int main(int argc, char** argv)
         manager->addService(service);
     log->followLogErrors();
 
+    // Before any window or plug-in makes its texts.
+    CLanguageSelector languages(manager.toWeakRef());
+    languages.applyLanguage(options.language.isEmpty() ? CLanguageSelector::savedLanguage() : options.language);
+
     CMainWindow window(menus.data(), log.data(), selector.data(), assistant.data());
+    window.addLanguageMenu(&languages);
 #ifdef ZENTA_HAS_CAMERA_POOL
     CameraPool::registerCameraPoolServices(manager, &window);
 #endif
@@ -72,12 +77,7 @@ int main(int argc, char** argv)
     }
     manager->loadPlugins(manager);
     QStringList loaded;
-    const QString language = QLocale().name().section(QLatin1Char('_'), 0, 0);
     for (Core::Plugin::IPlugin* plugin : manager->plugins()) {
-        if (auto* localized = qobject_cast<Core::Plugin::ALocalizedPlugin*>(plugin)) {
-            if (!localized->setLanguage(language))
-                localized->setLanguage(QStringLiteral("en"));
-        }
         if (!qobject_cast<CHostComponentPlugin*>(plugin))
             loaded.append(plugin->metaObject()->className());
     }

@@ -5,12 +5,39 @@
 
 namespace Core::Plugin {
 
+namespace {
+
+QString& defaultLanguageValue()
+{
+    static QString language;
+    return language;
+}
+
+} // namespace
+
 ALocalizedPlugin::~ALocalizedPlugin()
 {
     if (m_translator) {
         QCoreApplication::removeTranslator(m_translator);
         delete m_translator;
     }
+}
+
+void ALocalizedPlugin::setDefaultLanguage(const QString& language)
+{
+    defaultLanguageValue() = language;
+}
+
+QString ALocalizedPlugin::defaultLanguage()
+{
+    return defaultLanguageValue();
+}
+
+void ALocalizedPlugin::setCatalogName(const QString& name)
+{
+    m_catalogName = name;
+    if (!defaultLanguageValue().isEmpty())
+        setLanguage(defaultLanguageValue());
 }
 
 bool ALocalizedPlugin::setLanguage(const QString& language)

@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
@@ -413,6 +414,20 @@ void BandwidthDialog::closeEvent(QCloseEvent* e)
     settings.setValue(QStringLiteral("StopAfterActive"), ui.checkStopAfter->checkState() == Qt::Checked);
     settings.endGroup();
     QDialog::closeEvent(e);
+}
+
+// The form puts placeholders in the tree's first header cell and the hint
+// lines: the tree renames its columns itself, and the hints are made anew,
+// which drops a result line written in the language before.
+void BandwidthDialog::changeEvent(QEvent* e)
+{
+    if (e->type() == QEvent::LanguageChange) {
+        const QString firstHeader = ui.treeBandwidth->headerItem()->text(0);
+        ui.retranslateUi(this);
+        ui.treeBandwidth->headerItem()->setText(0, firstHeader);
+        updateHints();
+    }
+    QDialog::changeEvent(e);
 }
 
 void BandwidthDialog::updateHints()

@@ -11,6 +11,7 @@
 #include <Utilities/LayoutPersistence.h>
 #include <Utilities/ValueFormatting.h>
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QPixmap>
 #include <QPushButton>
@@ -116,6 +117,21 @@ void BandwidthTreeWidget::setupColumns(QSettings* settings)
     setItemDelegateForColumn(1, new BandwidthItemDelegate(this));
     setItemDelegateForColumn(2, new BandwidthCameraConfigItemDelegate(this));
 
+    retranslateHeader();
+    QTreeWidgetItem* headerRow = headerItem();
+    for (int column = 0; column < ColumnCount; ++column)
+        headerRow->setTextAlignment(column, Qt::AlignLeft | Qt::AlignVCenter);
+    headerView->setSectionResizeMode(2, QHeaderView::Fixed);
+
+    if (restoreHeaderLayout(settings, HeaderLayoutVersion, headerView))
+        return;
+    for (int column = 0; column < ColumnCount; ++column)
+        headerView->resizeSection(column, DefaultWidths[column]);
+    headerView->setStretchLastSection(true);
+}
+
+void BandwidthTreeWidget::retranslateHeader()
+{
     const QString texts[ColumnCount] = {tr("Camera"),
                                         tr("Bandwidth (MB/s)"),
                                         QString(),
@@ -125,17 +141,16 @@ void BandwidthTreeWidget::setupColumns(QSettings* settings)
                                         tr("Images"),
                                         tr("Errors")};
     QTreeWidgetItem* headerRow = headerItem();
-    for (int column = 0; column < ColumnCount; ++column) {
-        headerRow->setText(column, texts[column]);
-        headerRow->setTextAlignment(column, Qt::AlignLeft | Qt::AlignVCenter);
-    }
-    headerView->setSectionResizeMode(2, QHeaderView::Fixed);
-
-    if (restoreHeaderLayout(settings, HeaderLayoutVersion, headerView))
-        return;
     for (int column = 0; column < ColumnCount; ++column)
-        headerView->resizeSection(column, DefaultWidths[column]);
-    headerView->setStretchLastSection(true);
+        headerRow->setText(column, texts[column]);
+}
+
+// Until setupColumns has run, the header is the form's placeholder.
+void BandwidthTreeWidget::changeEvent(QEvent* e)
+{
+    if (e->type() == QEvent::LanguageChange && columnCount() == ColumnCount)
+        retranslateHeader();
+    QTreeWidget::changeEvent(e);
 }
 
 bool BandwidthTreeWidget::saveColumns(QSettings* settings)

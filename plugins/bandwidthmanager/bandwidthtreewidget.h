@@ -109,7 +109,11 @@ public slots:
     void updateButtonStates();
     void updateButtonState(FlatTreeItemID adapterId);
 
+protected:
+    void changeEvent(QEvent* e) override;
+
 private:
+    void retranslateHeader();
     int populateChildren(const FlatTreeItem* pItem, QTreeWidgetItem* pParentRow);
     FlatTreeItem* itemOfRow(const QTreeWidgetItem* pRow) const;
     bool isGigECamera(const FlatTreeItem& item) const;

@@ -1,6 +1,7 @@
 #include "CMainWindow.h"
 
 #include "CCameraSelectorPanel.h"
+#include "CLanguageSelector.h"
 #include "CDeviceSelectorService.h"
 #include "CMenuService.h"
 #include "CMessageLogPanel.h"
@@ -12,8 +13,10 @@
 #include <Utilities/LayoutPersistence.h>
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEvent>
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenuBar>
@@ -26,36 +29,35 @@ CMainWindow::CMainWindow(CMenuService* menus, CMessageLogService* log, CDeviceSe
                          CProblemAssistantService* assistant, QWidget* parent)
     : QMainWindow(parent), m_selector(selector)
 {
-    setWindowTitle(tr("Zenta Viewer"));
     setObjectName(QStringLiteral("ZentaViewerMainWindow"));
     const Core::AppCoreComponents::CContext global(Ids::GlobalContext);
 
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    menus->createContainer(Ids::FileMenu, file)->appendGroup(Ids::FileGroup);
-    auto* quit = new QAction(tr("&Quit"), this);
-    quit->setShortcut(QKeySequence::Quit);
-    connect(quit, &QAction::triggered, this, &QWidget::close);
-    menus->actionContainer(Ids::FileMenu)->addCommand(menus->registerAction(quit, Ids::QuitCommand, global),
+    m_fileMenu = menuBar()->addMenu(QString());
+    menus->createContainer(Ids::FileMenu, m_fileMenu)->appendGroup(Ids::FileGroup);
+    m_quit = new QAction(this);
+    m_quit->setShortcut(QKeySequence::Quit);
+    connect(m_quit, &QAction::triggered, this, &QWidget::close);
+    menus->actionContainer(Ids::FileMenu)->addCommand(menus->registerAction(m_quit, Ids::QuitCommand, global),
                                                        Ids::FileGroup);
 
-    QMenu* view = menuBar()->addMenu(tr("&View"));
-    CActionContainer* viewContainer = menus->createContainer(Ids::ViewMenu, view);
+    m_viewMenu = menuBar()->addMenu(QString());
+    CActionContainer* viewContainer = menus->createContainer(Ids::ViewMenu, m_viewMenu);
     viewContainer->appendGroup(Ids::ViewCamerasGroup);
     viewContainer->appendGroup(Ids::ViewPanelsGroup);
-    m_refreshCameras = new QAction(tr("Refresh cameras"), this);
+    m_refreshCameras = new QAction(this);
     m_refreshCameras->setObjectName(QString::fromLatin1(Ids::RefreshCamerasCommand));
     m_refreshCameras->setShortcut(QKeySequence::Refresh);
     viewContainer->addCommand(menus->registerAction(m_refreshCameras, Ids::RefreshCamerasCommand, global),
                               Ids::ViewCamerasGroup);
 
-    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
-    menus->createContainer(Ids::ToolsMenu, tools)->appendGroup(Ids::ToolsGroup);
+    m_toolsMenu = menuBar()->addMenu(QString());
+    menus->createContainer(Ids::ToolsMenu, m_toolsMenu)->appendGroup(Ids::ToolsGroup);
 
-    QMenu* help = menuBar()->addMenu(tr("&Help"));
-    menus->createContainer(Ids::HelpMenu, help)->appendGroup(Ids::HelpGroup);
-    auto* about = new QAction(tr("&About Zenta Viewer"), this);
-    connect(about, &QAction::triggered, this, &CMainWindow::onAbout);
-    menus->actionContainer(Ids::HelpMenu)->addCommand(menus->registerAction(about, Ids::AboutCommand, global),
+    m_helpMenu = menuBar()->addMenu(QString());
+    menus->createContainer(Ids::HelpMenu, m_helpMenu)->appendGroup(Ids::HelpGroup);
+    m_about = new QAction(this);
+    connect(m_about, &QAction::triggered, this, &CMainWindow::onAbout);
+    menus->actionContainer(Ids::HelpMenu)->addCommand(menus->registerAction(m_about, Ids::AboutCommand, global),
                                                        Ids::HelpGroup);
 
     auto* contextMenu = new QMenu(this);
@@ -63,32 +65,78 @@ CMainWindow::CMainWindow(CMenuService* menus, CMessageLogService* log, CDeviceSe
 
     m_cameraSelector = new CCameraSelectorPanel(selector, contextMenu);
     connect(m_refreshCameras, &QAction::triggered, m_cameraSelector, &CCameraSelectorPanel::onRefresh);
-    auto* selectorDock = new QDockWidget(tr("Devices"), this);
+    auto* selectorDock = new QDockWidget(this);
     selectorDock->setObjectName(QStringLiteral("CameraSelectorDock"));
     selectorDock->setWidget(m_cameraSelector);
     addDockWidget(Qt::LeftDockWidgetArea, selectorDock);
 
-    auto* logDock = new QDockWidget(tr("Messages"), this);
+    auto* logDock = new QDockWidget(this);
     logDock->setObjectName(QStringLiteral("MessageLogDock"));
     logDock->setWidget(new CMessageLogPanel(log));
     addDockWidget(Qt::BottomDockWidgetArea, logDock);
 
     m_problemAssistant = new CProblemAssistantPanel(assistant);
-    auto* assistantDock = new QDockWidget(tr("Problem Assistant"), this);
+    auto* assistantDock = new QDockWidget(this);
     assistantDock->setObjectName(QStringLiteral("ProblemAssistantDock"));
     assistantDock->setWidget(m_problemAssistant);
     addDockWidget(Qt::RightDockWidgetArea, assistantDock);
 
-    for (QDockWidget* dock : {selectorDock, logDock, assistantDock})
-        view->addAction(dock->toggleViewAction());
+    m_docks = {selectorDock, logDock, assistantDock};
+    for (QDockWidget* dock : m_docks)
+        m_viewMenu->addAction(dock->toggleViewAction());
 
     auto* central = new QLabel(this);
     central->setAlignment(Qt::AlignCenter);
     central->setObjectName(QStringLiteral("SelectionLabel"));
     setCentralWidget(central);
     connect(selector, &CDeviceSelectorService::selectionChanged, this, &CMainWindow::onSelectionChanged);
-    onSelectionChanged();
+    retranslateUi();
     restoreWindowLayout();
+}
+
+void CMainWindow::addLanguageMenu(CLanguageSelector* languages)
+{
+    m_languageMenu = new QMenu(this);
+    menuBar()->insertMenu(m_helpMenu->menuAction(), m_languageMenu);
+    auto* group = new QActionGroup(m_languageMenu);
+    for (const QString& language : CLanguageSelector::languages()) {
+        QAction* action = m_languageMenu->addAction(CLanguageSelector::nativeName(language));
+        action->setObjectName(QStringLiteral("Language.") + language);
+        action->setCheckable(true);
+        action->setChecked(language == languages->language());
+        action->setActionGroup(group);
+        connect(action, &QAction::triggered, languages, [languages, language] { languages->setLanguage(language); });
+    }
+    connect(languages, &CLanguageSelector::languageChanged, m_languageMenu, [this](const QString& language) {
+        if (QAction* action = m_languageMenu->findChild<QAction*>(QStringLiteral("Language.") + language))
+            action->setChecked(true);
+    });
+    retranslateUi();
+}
+
+void CMainWindow::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslateUi();
+    QMainWindow::changeEvent(event);
+}
+
+void CMainWindow::retranslateUi()
+{
+    setWindowTitle(tr("Zenta Viewer"));
+    m_fileMenu->setTitle(tr("&File"));
+    m_quit->setText(tr("&Quit"));
+    m_viewMenu->setTitle(tr("&View"));
+    m_refreshCameras->setText(tr("Refresh cameras"));
+    m_toolsMenu->setTitle(tr("&Tools"));
+    m_helpMenu->setTitle(tr("&Help"));
+    m_about->setText(tr("&About Zenta Viewer"));
+    if (m_languageMenu)
+        m_languageMenu->setTitle(tr("&Language"));
+    m_docks[0]->setWindowTitle(tr("Devices"));
+    m_docks[1]->setWindowTitle(tr("Messages"));
+    m_docks[2]->setWindowTitle(tr("Problem Assistant"));
+    onSelectionChanged();
 }
 
 void CMainWindow::closeEvent(QCloseEvent* event)

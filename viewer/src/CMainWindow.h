@@ -2,12 +2,16 @@
 
 #include <QMainWindow>
 
+#include <array>
+
 class QAction;
+class QDockWidget;
 class QMenu;
 
 namespace Viewer {
 
 class CCameraSelectorPanel;
+class CLanguageSelector;
 class CDeviceSelectorService;
 class CMenuService;
 class CMessageLogService;
@@ -27,9 +31,12 @@ public:
     CProblemAssistantPanel* problemAssistant() const { return m_problemAssistant; }
     // The camera pool connects its rescan here.
     QAction* refreshCamerasAction() const { return m_refreshCameras; }
+    // A menu of the languages that switches the selector's.
+    void addLanguageMenu(CLanguageSelector* languages);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private slots:
     void onSelectionChanged();
@@ -37,11 +44,20 @@ private slots:
 
 private:
     void restoreWindowLayout();
+    void retranslateUi();
 
     CDeviceSelectorService* m_selector;
     CCameraSelectorPanel* m_cameraSelector = nullptr;
     CProblemAssistantPanel* m_problemAssistant = nullptr;
     QAction* m_refreshCameras = nullptr;
+    QMenu* m_fileMenu = nullptr;
+    QMenu* m_viewMenu = nullptr;
+    QMenu* m_toolsMenu = nullptr;
+    QMenu* m_helpMenu = nullptr;
+    QMenu* m_languageMenu = nullptr;
+    QAction* m_quit = nullptr;
+    QAction* m_about = nullptr;
+    std::array<QDockWidget*, 3> m_docks{};
 };
 
 } // namespace Viewer

@@ -13,7 +13,8 @@ SViewerOptions SViewerOptions::parse(const QStringList& arguments, const QProces
     const QCommandLineOption open("open-bandwidth-manager", "Open the Bandwidth Manager after start.");
     const QCommandLineOption screenshot("screenshot", "Save a PNG of all windows, then quit.", "FILE");
     const QCommandLineOption delay("screenshot-delay", "Milliseconds before the screenshot.", "MS", "3000");
-    parser.addOptions({pluginDir, open, screenshot, delay});
+    const QCommandLineOption language("language", "Language for this run: en, ja, ko or zh.", "LANG");
+    parser.addOptions({pluginDir, open, screenshot, delay, language});
     parser.addHelpOption();
 
     SViewerOptions options;
@@ -33,6 +34,9 @@ SViewerOptions SViewerOptions::parse(const QStringList& arguments, const QProces
     options.screenshotDelayMs = parser.value(delay).toInt(&ok);
     if (!ok || options.screenshotDelayMs < 0)
         options.error = QStringLiteral("--screenshot-delay takes a number of milliseconds");
+    options.language = parser.value(language);
+    if (!options.language.isEmpty() && !QStringList{"en", "ja", "ko", "zh"}.contains(options.language))
+        options.error = QStringLiteral("--language takes en, ja, ko or zh");
     if (parser.isSet(QStringLiteral("help")))
         options.error = parser.helpText();
     return options;

@@ -12,6 +12,8 @@ struct SViewerOptions
     bool openBandwidthManager = false;
     QString screenshotFile;
     int screenshotDelayMs = 3000;
+    // For this run only; empty keeps the saved choice.
+    QString language;
     QString error;
 
     // The plug-in folder: --plugin-dir, else ZENTA_PLUGIN_DIR, else "plugins" beside the binary.

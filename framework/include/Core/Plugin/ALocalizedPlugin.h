@@ -21,8 +21,13 @@ public:
     // of the one installed before; false if the plug-in has no such catalog.
     virtual bool setLanguage(const QString& language);
 
+    // The language a plug-in takes as soon as its catalog is named, so that
+    // the texts it creates in initialize and start are in that language.
+    static void setDefaultLanguage(const QString& language);
+    static QString defaultLanguage();
+
     // The plug-in manager sets it from the metadata "Name" when it loads.
-    void setCatalogName(const QString& name) { m_catalogName = name; }
+    void setCatalogName(const QString& name);
     QString catalogName() const { return m_catalogName; }
 
 private:

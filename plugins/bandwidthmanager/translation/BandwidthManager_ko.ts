@@ -1,0 +1,272 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ko_KR">
+<context>
+    <name>BandwidthCameraConfigureDialog</name>
+    <message>
+        <source>Features %1</source>
+        <translation>기능 %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>구성</translation>
+    </message>
+</context>
+<context>
+    <name>BandwidthDialog</name>
+    <message>
+        <source>Bandwidth Manager</source>
+        <translation>대역폭 관리자</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;zenta has detected one or more GigE camera(s).The transport layer settings &lt;strong&gt;Inter-Packet Delay&lt;/strong&gt; and &lt;strong&gt;Packet Size&lt;/strong&gt; can have an impact on the performance of your GigE camera(s).&lt;/p&gt;&lt;p&gt;To automatically optimize these settings for all cameras in your environment, click the &lt;strong&gt;Optimize GigE Bandwidth&lt;/strong&gt; button in this dialog.This ensures optimum performance of your GigE cameras.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;zenta에서 하나 이상의 GigE 카메라를 감지했습니다. 전송 계층 설정인 &lt;strong&gt;패킷 간 지연&lt;/strong&gt; 및 &lt;strong&gt;패킷 크기&lt;/strong&gt;는 GigE 카메라의 성능에 영향을 줄 수 있습니다.&lt;/p&gt;&lt;p&gt;사용 중인 환경의 모든 카메라에 대해 이 설정을 자동으로 최적화하려면 이 대화 상자에서 &lt;strong&gt;GigE 대역폭 최적화&lt;/strong&gt; 버튼을 클릭하십시오. 이렇게 하면 GigE 카메라가 최적의 성능으로 동작합니다.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Optimize GigE Bandwidth</source>
+        <translation>GigE 대역폭 최적화</translation>
+    </message>
+    <message>
+        <source>Stop Bandwidth analysis.</source>
+        <translation>대역폭 분석을 중지합니다.</translation>
+    </message>
+    <message>
+        <source>Bandwidth analysis has been started.</source>
+        <translation>대역폭 분석이 시작되었습니다.</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Packet Size&lt;/b&gt;, &lt;b&gt;Inter-Packet Delay&lt;/b&gt; and &lt;b&gt;Frame Transmission Delay&lt;/b&gt; settings have been optimized.</source>
+        <translation>&lt;b&gt;패킷 크기&lt;/b&gt;, &lt;b&gt;패킷 간 지연&lt;/b&gt; 및 &lt;b&gt;프레임 전송 지연&lt;/b&gt; 설정이 최적화되었습니다.</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Packet Size&lt;/b&gt; and &lt;b&gt;Inter-Packet Delay&lt;/b&gt; settings has been optimized.</source>
+        <translation>&lt;b&gt;패킷 크기&lt;/b&gt; 및 &lt;b&gt;패킷 간 지연&lt;/b&gt; 설정이 최적화되었습니다.</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Packet Size&lt;/b&gt; and &lt;b&gt;Frame Transmission Delay&lt;/b&gt; settings has been optimized.</source>
+        <translation>&lt;b&gt;패킷 크기&lt;/b&gt; 및 &lt;b&gt;프레임 전송 지연&lt;/b&gt; 설정이 최적화되었습니다.</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Packet Size&lt;/b&gt; setting has been optimized</source>
+        <translation>&lt;b&gt;패킷 크기&lt;/b&gt; 설정이 최적화되었습니다.</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Inter-Packet Delay&lt;/b&gt; and &lt;b&gt;Frame Transmission Delay&lt;/b&gt; settings has been optimized.</source>
+        <translation>&lt;b&gt;패킷 간 지연&lt;/b&gt; 및 &lt;b&gt;프레임 전송 지연&lt;/b&gt; 설정이 최적화되었습니다.</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Inter-Packet Delay&lt;/b&gt; setting has been optimized</source>
+        <translation>&lt;b&gt;패킷 간 지연&lt;/b&gt; 설정이 최적화되었습니다.</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Frame Transmission Delay&lt;/b&gt; setting has been optimized</source>
+        <translation>&lt;b&gt;프레임 전송 지연&lt;/b&gt; 설정이 최적화되었습니다.</translation>
+    </message>
+    <message>
+        <source>Settings have been checked and are ok. No changes have been made.</source>
+        <translation>설정을 확인했으며 문제가 없습니다. 변경된 내용은 없습니다.</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;The &lt;b&gt;Packet Size&lt;/b&gt; setting has been increased to its maximum value. If you want to increase performance further, enable jumbo frames on your network adapter.</source>
+        <translation>&lt;br&gt;&lt;b&gt;패킷 크기&lt;/b&gt; 설정을 최대값으로 높였습니다. 성능을 더 높이려면 네트워크 어댑터에서 점보 프레임을 활성화하십시오.</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;Currently, there are too many cameras connected to your network adapter. The Bandwidth Manager can't optimize the performance under these conditions. Try disconnecting one or more cameras to resolve this.</source>
+        <translation>&lt;br&gt;현재 네트워크 어댑터에 연결된 카메라가 너무 많습니다. 이 상태에서는 대역폭 관리자가 성능을 최적화할 수 없습니다. 카메라를 하나 이상 분리하여 문제를 해결하십시오.</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;The &lt;b&gt;Packet Size&lt;/b&gt; setting could not be optimized. A default value of 1500 has been set.</source>
+        <translation>&lt;br&gt;&lt;b&gt;패킷 크기&lt;/b&gt; 설정을 최적화할 수 없습니다. 기본값 1500이 설정되었습니다.</translation>
+    </message>
+    <message>
+        <source>All GigE cameras are being optimized.</source>
+        <translation>모든 GigE 카메라를 최적화하는 중입니다.</translation>
+    </message>
+    <message>
+        <source>Selected GigE cameras are being optimized.</source>
+        <translation>선택한 GigE 카메라를 최적화하는 중입니다.</translation>
+    </message>
+    <message>
+        <source>No camera connected!&lt;br/&gt;Connect at least one USB camera to the computer. After the camera has been detected by the zenta Viewer, you are ready to use the Bandwidth Manager.</source>
+        <translation>연결된 카메라가 없습니다!&lt;br/&gt;컴퓨터에 USB 카메라를 하나 이상 연결하십시오. zenta Viewer에서 카메라를 감지하면 대역폭 관리자를 사용할 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Analyzing bandwidth.&lt;br/&gt;You can limit the amount of bandwidth used by a camera using the controls in the &lt;b&gt;Bandwidth (MB/s)&lt;/b&gt; column.&lt;br/&gt;Click &lt;b&gt;Stop Analysis&lt;/b&gt; to stop the analysis.</source>
+        <translation>대역폭을 분석하는 중입니다.&lt;br/&gt;&lt;b&gt;대역폭(MB/s)&lt;/b&gt; 열의 컨트롤을 사용하여 카메라가 사용하는 대역폭을 제한할 수 있습니다.&lt;br/&gt;분석을 중지하려면 &lt;b&gt;분석 중지&lt;/b&gt;를 클릭하십시오.</translation>
+    </message>
+    <message>
+        <source>B/s</source>
+        <translation>B/s</translation>
+    </message>
+    <message>
+        <source>The current value for &lt;b&gt;%1&lt;/b&gt; is: &lt;b&gt;%2&lt;/b&gt; (%3)&lt;br/&gt;Tip: If you want to preserve the current camera settings, save them to a user set.</source>
+        <translation>&lt;b&gt;%1&lt;/b&gt;의 현재 값: &lt;b&gt;%2&lt;/b&gt; (%3)&lt;br/&gt;팁: 현재 카메라 설정을 유지하려면 사용자 세트에 저장하십시오.</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Bandwidth (MB/s)&lt;/b&gt; value of GigE cameras shows the approximate bandwidth that is available for the individual network adapter. It is influenced by the &lt;b&gt;Inter-Packet Delay&lt;/b&gt; and &lt;b&gt;Packet Size&lt;/b&gt; settings in the &lt;b&gt;Transport Layer&lt;/b&gt; category.&lt;br/&gt;If you enable jumbo frames on your network adapter and increase the packet size of your camera you can increase the overall performance of your system.&lt;br/&gt;&lt;br/&gt;The &lt;b&gt;Bandwidth (MB/s)&lt;/b&gt; value of USB cameras corresponds to the &lt;b&gt;Device Link Throughput Limit&lt;/b&gt; value in the &lt;b&gt;Device Control&lt;/b&gt; category.&lt;br/&gt;&lt;br/&gt;Select the cameras whose bandwidth you want to analyze.&lt;br/&gt;Click &lt;b&gt;Start Analysis&lt;/b&gt; to start the analysis.&lt;br/&gt;&lt;br/&gt;Tip: If you want to preserve the current camera settings, save them to a user set.&lt;br/&gt;</source>
+        <translation>GigE 카메라의 &lt;b&gt;대역폭(MB/s)&lt;/b&gt; 값은 개별 네트워크 어댑터에서 사용할 수 있는 대략적인 대역폭을 나타냅니다. 이 값은 &lt;b&gt;전송 계층&lt;/b&gt; 범주의 &lt;b&gt;패킷 간 지연&lt;/b&gt; 및 &lt;b&gt;패킷 크기&lt;/b&gt; 설정의 영향을 받습니다.&lt;br/&gt;네트워크 어댑터에서 점보 프레임을 활성화하고 카메라의 패킷 크기를 늘리면 시스템의 전체 성능을 높일 수 있습니다.&lt;br/&gt;&lt;br/&gt;USB 카메라의 &lt;b&gt;대역폭(MB/s)&lt;/b&gt; 값은 &lt;b&gt;장치 제어&lt;/b&gt; 범주의 &lt;b&gt;장치 링크 처리량 제한&lt;/b&gt; 값에 해당합니다.&lt;br/&gt;&lt;br/&gt;대역폭을 분석할 카메라를 선택하십시오.&lt;br/&gt;분석을 시작하려면 &lt;b&gt;분석 시작&lt;/b&gt;을 클릭하십시오.&lt;br/&gt;&lt;br/&gt;팁: 현재 카메라 설정을 유지하려면 사용자 세트에 저장하십시오.&lt;br/&gt;</translation>
+    </message>
+    <message>
+        <source>Software trigger enabled on %1!</source>
+        <translation>%1에서 소프트웨어 트리거가 활성화되어 있습니다!</translation>
+    </message>
+    <message>
+        <source>Hardware trigger enabled on %1!</source>
+        <translation>%1에서 하드웨어 트리거가 활성화되어 있습니다!</translation>
+    </message>
+    <message>
+        <source>Headers will be added by widgetcode</source>
+        <translation>헤더는 위젯 코드에서 추가됩니다</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Statistics</source>
+        <translation>통계 초기화(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Hint Text&lt;br/&gt;Row 2&lt;br/&gt;Row 3&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;힌트 텍스트&lt;br/&gt;2행&lt;br/&gt;3행&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Stop analysis &amp;after</source>
+        <translation>다음 시간 후 분석 중지(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Second(s)</source>
+        <translation>초</translation>
+    </message>
+    <message>
+        <source>Minute(s)</source>
+        <translation>분</translation>
+    </message>
+    <message>
+        <source>Hour(s)</source>
+        <translation>시간</translation>
+    </message>
+    <message>
+        <source>Day(s)</source>
+        <translation>일</translation>
+    </message>
+    <message>
+        <source>&amp;Start Analysis</source>
+        <translation>분석 시작(&amp;S)</translation>
+    </message>
+    <message>
+        <source>S&amp;top Analysis</source>
+        <translation>분석 중지(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+</context>
+<context>
+    <name>BandwidthLimiterInterPacketDelay</name>
+    <message>
+        <source>MB/s</source>
+        <translation>MB/s</translation>
+    </message>
+</context>
+<context>
+    <name>BandwidthTreeWidget</name>
+    <message>
+        <source>Camera</source>
+        <translation>카메라</translation>
+    </message>
+    <message>
+        <source>Bandwidth (MB/s)</source>
+        <translation>대역폭(MB/s)</translation>
+    </message>
+    <message>
+        <source>Payload Received (MB/s)</source>
+        <translation>수신 페이로드(MB/s)</translation>
+    </message>
+    <message>
+        <source>fps Sent</source>
+        <translation>송신 fps</translation>
+    </message>
+    <message>
+        <source>fps Received</source>
+        <translation>수신 fps</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>이미지 수</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>오류 수</translation>
+    </message>
+    <message>
+        <source>Optimize</source>
+        <translation>최적화</translation>
+    </message>
+    <message>
+        <source>Optimizes transport layer settings of cameras connected to this network adapter.</source>
+        <translation>이 네트워크 어댑터에 연결된 카메라의 전송 계층 설정을 최적화합니다.</translation>
+    </message>
+    <message>
+        <source>Error accessing camera!</source>
+        <translation>카메라에 액세스하는 중 오류가 발생했습니다!</translation>
+    </message>
+</context>
+<context>
+    <name>CameraConfigurationEditor</name>
+    <message>
+        <source>Invalid!</source>
+        <translation>유효하지 않음!</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Configure Camera</source>
+        <translation>카메라 구성</translation>
+    </message>
+</context>
+<context>
+    <name>ComboSlider</name>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>범위: %1..%2</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2 (Increment: %3)</source>
+        <translation>범위: %1..%2 (증분: %3)</translation>
+    </message>
+</context>
+<context>
+    <name>FlatTree</name>
+    <message>
+        <source>Internal Error</source>
+        <translation>내부 오류</translation>
+    </message>
+    <message>
+        <source>Network Interface</source>
+        <translation>네트워크 인터페이스</translation>
+    </message>
+    <message>
+        <source>Could not start grab.</source>
+        <translation>이미지 그랩을 시작할 수 없습니다.</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::BandwidthManager::CBandwidthManagerPlugin</name>
+    <message>
+        <source>Bandwidth Manager</source>
+        <translation>대역폭 관리자</translation>
+    </message>
+    <message>
+        <source>Bandwidth Manager&lt;br&gt;The &lt;a href="#"&gt;Bandwidth Manager&lt;/a&gt; helps you to optimize your network settings for optimum camera performance.</source>
+        <translation>대역폭 관리자&lt;br&gt;&lt;a href="#"&gt;대역폭 관리자&lt;/a&gt;는 최적의 카메라 성능을 위해 네트워크 설정을 최적화하도록 도와줍니다.</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;To use the Bandwidth Manager, you have to stop continuous image acquisition as well as any recordings on all cameras.&lt;p/&gt;Do you want to stop all cameras and start using the Bandwidth Manager?</source>
+        <translation>&lt;p&gt;대역폭 관리자를 사용하려면 모든 카메라에서 연속 이미지 취득과 모든 녹화를 중지해야 합니다.&lt;p/&gt;모든 카메라를 중지하고 대역폭 관리자를 사용하시겠습니까?</translation>
+    </message>
+</context>
+</TS>

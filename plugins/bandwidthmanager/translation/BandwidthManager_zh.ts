@@ -1,0 +1,272 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+<context>
+    <name>BandwidthCameraConfigureDialog</name>
+    <message>
+        <source>Features %1</source>
+        <translation>功能 %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>配置</translation>
+    </message>
+</context>
+<context>
+    <name>BandwidthDialog</name>
+    <message>
+        <source>Bandwidth Manager</source>
+        <translation>带宽管理器</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;zenta has detected one or more GigE camera(s).The transport layer settings &lt;strong&gt;Inter-Packet Delay&lt;/strong&gt; and &lt;strong&gt;Packet Size&lt;/strong&gt; can have an impact on the performance of your GigE camera(s).&lt;/p&gt;&lt;p&gt;To automatically optimize these settings for all cameras in your environment, click the &lt;strong&gt;Optimize GigE Bandwidth&lt;/strong&gt; button in this dialog.This ensures optimum performance of your GigE cameras.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;zenta 检测到一台或多台 GigE 相机。传输层设置&lt;strong&gt;包间延迟&lt;/strong&gt;和&lt;strong&gt;数据包大小&lt;/strong&gt;可能会影响 GigE 相机的性能。&lt;/p&gt;&lt;p&gt;要为您环境中的所有相机自动优化这些设置，请单击此对话框中的&lt;strong&gt;优化 GigE 带宽&lt;/strong&gt;按钮。这样可以确保 GigE 相机达到最佳性能。&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Optimize GigE Bandwidth</source>
+        <translation>优化 GigE 带宽</translation>
+    </message>
+    <message>
+        <source>Stop Bandwidth analysis.</source>
+        <translation>停止带宽分析。</translation>
+    </message>
+    <message>
+        <source>Bandwidth analysis has been started.</source>
+        <translation>带宽分析已开始。</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Packet Size&lt;/b&gt;, &lt;b&gt;Inter-Packet Delay&lt;/b&gt; and &lt;b&gt;Frame Transmission Delay&lt;/b&gt; settings have been optimized.</source>
+        <translation>&lt;b&gt;数据包大小&lt;/b&gt;、&lt;b&gt;包间延迟&lt;/b&gt;和&lt;b&gt;帧传输延迟&lt;/b&gt;设置已优化。</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Packet Size&lt;/b&gt; and &lt;b&gt;Inter-Packet Delay&lt;/b&gt; settings has been optimized.</source>
+        <translation>&lt;b&gt;数据包大小&lt;/b&gt;和&lt;b&gt;包间延迟&lt;/b&gt;设置已优化。</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Packet Size&lt;/b&gt; and &lt;b&gt;Frame Transmission Delay&lt;/b&gt; settings has been optimized.</source>
+        <translation>&lt;b&gt;数据包大小&lt;/b&gt;和&lt;b&gt;帧传输延迟&lt;/b&gt;设置已优化。</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Packet Size&lt;/b&gt; setting has been optimized</source>
+        <translation>&lt;b&gt;数据包大小&lt;/b&gt;设置已优化。</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Inter-Packet Delay&lt;/b&gt; and &lt;b&gt;Frame Transmission Delay&lt;/b&gt; settings has been optimized.</source>
+        <translation>&lt;b&gt;包间延迟&lt;/b&gt;和&lt;b&gt;帧传输延迟&lt;/b&gt;设置已优化。</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Inter-Packet Delay&lt;/b&gt; setting has been optimized</source>
+        <translation>&lt;b&gt;包间延迟&lt;/b&gt;设置已优化。</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Frame Transmission Delay&lt;/b&gt; setting has been optimized</source>
+        <translation>&lt;b&gt;帧传输延迟&lt;/b&gt;设置已优化。</translation>
+    </message>
+    <message>
+        <source>Settings have been checked and are ok. No changes have been made.</source>
+        <translation>已检查设置，设置正常。未进行任何更改。</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;The &lt;b&gt;Packet Size&lt;/b&gt; setting has been increased to its maximum value. If you want to increase performance further, enable jumbo frames on your network adapter.</source>
+        <translation>&lt;br&gt;&lt;b&gt;数据包大小&lt;/b&gt;设置已提高到最大值。如需进一步提高性能，请在网络适配器上启用巨型帧。</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;Currently, there are too many cameras connected to your network adapter. The Bandwidth Manager can't optimize the performance under these conditions. Try disconnecting one or more cameras to resolve this.</source>
+        <translation>&lt;br&gt;当前连接到网络适配器的相机过多。在这种情况下，带宽管理器无法优化性能。请尝试断开一台或多台相机来解决此问题。</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;The &lt;b&gt;Packet Size&lt;/b&gt; setting could not be optimized. A default value of 1500 has been set.</source>
+        <translation>&lt;br&gt;无法优化&lt;b&gt;数据包大小&lt;/b&gt;设置。已设置默认值 1500。</translation>
+    </message>
+    <message>
+        <source>All GigE cameras are being optimized.</source>
+        <translation>正在优化所有 GigE 相机。</translation>
+    </message>
+    <message>
+        <source>Selected GigE cameras are being optimized.</source>
+        <translation>正在优化所选的 GigE 相机。</translation>
+    </message>
+    <message>
+        <source>No camera connected!&lt;br/&gt;Connect at least one USB camera to the computer. After the camera has been detected by the zenta Viewer, you are ready to use the Bandwidth Manager.</source>
+        <translation>未连接相机！&lt;br/&gt;请将至少一台 USB 相机连接到计算机。zenta Viewer 检测到相机后，即可使用带宽管理器。</translation>
+    </message>
+    <message>
+        <source>Analyzing bandwidth.&lt;br/&gt;You can limit the amount of bandwidth used by a camera using the controls in the &lt;b&gt;Bandwidth (MB/s)&lt;/b&gt; column.&lt;br/&gt;Click &lt;b&gt;Stop Analysis&lt;/b&gt; to stop the analysis.</source>
+        <translation>正在分析带宽。&lt;br/&gt;您可以使用&lt;b&gt;带宽 (MB/s)&lt;/b&gt;列中的控件限制相机使用的带宽。&lt;br/&gt;单击&lt;b&gt;停止分析&lt;/b&gt;可停止分析。</translation>
+    </message>
+    <message>
+        <source>B/s</source>
+        <translation>B/s</translation>
+    </message>
+    <message>
+        <source>The current value for &lt;b&gt;%1&lt;/b&gt; is: &lt;b&gt;%2&lt;/b&gt; (%3)&lt;br/&gt;Tip: If you want to preserve the current camera settings, save them to a user set.</source>
+        <translation>&lt;b&gt;%1&lt;/b&gt; 的当前值为：&lt;b&gt;%2&lt;/b&gt; (%3)&lt;br/&gt;提示：如需保留当前相机设置，请将其保存到用户集。</translation>
+    </message>
+    <message>
+        <source>The &lt;b&gt;Bandwidth (MB/s)&lt;/b&gt; value of GigE cameras shows the approximate bandwidth that is available for the individual network adapter. It is influenced by the &lt;b&gt;Inter-Packet Delay&lt;/b&gt; and &lt;b&gt;Packet Size&lt;/b&gt; settings in the &lt;b&gt;Transport Layer&lt;/b&gt; category.&lt;br/&gt;If you enable jumbo frames on your network adapter and increase the packet size of your camera you can increase the overall performance of your system.&lt;br/&gt;&lt;br/&gt;The &lt;b&gt;Bandwidth (MB/s)&lt;/b&gt; value of USB cameras corresponds to the &lt;b&gt;Device Link Throughput Limit&lt;/b&gt; value in the &lt;b&gt;Device Control&lt;/b&gt; category.&lt;br/&gt;&lt;br/&gt;Select the cameras whose bandwidth you want to analyze.&lt;br/&gt;Click &lt;b&gt;Start Analysis&lt;/b&gt; to start the analysis.&lt;br/&gt;&lt;br/&gt;Tip: If you want to preserve the current camera settings, save them to a user set.&lt;br/&gt;</source>
+        <translation>GigE 相机的&lt;b&gt;带宽 (MB/s)&lt;/b&gt;值表示各个网络适配器可用的大致带宽。该值受&lt;b&gt;传输层&lt;/b&gt;类别中&lt;b&gt;包间延迟&lt;/b&gt;和&lt;b&gt;数据包大小&lt;/b&gt;设置的影响。&lt;br/&gt;如果在网络适配器上启用巨型帧并增大相机的数据包大小，可以提高系统的整体性能。&lt;br/&gt;&lt;br/&gt;USB 相机的&lt;b&gt;带宽 (MB/s)&lt;/b&gt;值对应于&lt;b&gt;设备控制&lt;/b&gt;类别中的&lt;b&gt;设备链路吞吐量限制&lt;/b&gt;值。&lt;br/&gt;&lt;br/&gt;请选择要分析带宽的相机。&lt;br/&gt;单击&lt;b&gt;开始分析&lt;/b&gt;开始分析。&lt;br/&gt;&lt;br/&gt;提示：如需保留当前相机设置，请将其保存到用户集。&lt;br/&gt;</translation>
+    </message>
+    <message>
+        <source>Software trigger enabled on %1!</source>
+        <translation>%1 已启用软件触发！</translation>
+    </message>
+    <message>
+        <source>Hardware trigger enabled on %1!</source>
+        <translation>%1 已启用硬件触发！</translation>
+    </message>
+    <message>
+        <source>Headers will be added by widgetcode</source>
+        <translation>表头将由控件代码添加</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Statistics</source>
+        <translation>重置统计(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Hint Text&lt;br/&gt;Row 2&lt;br/&gt;Row 3&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;提示文本&lt;br/&gt;第 2 行&lt;br/&gt;第 3 行&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Stop analysis &amp;after</source>
+        <translation>在以下时间后停止分析(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Second(s)</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Minute(s)</source>
+        <translation>分钟</translation>
+    </message>
+    <message>
+        <source>Hour(s)</source>
+        <translation>小时</translation>
+    </message>
+    <message>
+        <source>Day(s)</source>
+        <translation>天</translation>
+    </message>
+    <message>
+        <source>&amp;Start Analysis</source>
+        <translation>开始分析(&amp;S)</translation>
+    </message>
+    <message>
+        <source>S&amp;top Analysis</source>
+        <translation>停止分析(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>BandwidthLimiterInterPacketDelay</name>
+    <message>
+        <source>MB/s</source>
+        <translation>MB/s</translation>
+    </message>
+</context>
+<context>
+    <name>BandwidthTreeWidget</name>
+    <message>
+        <source>Camera</source>
+        <translation>相机</translation>
+    </message>
+    <message>
+        <source>Bandwidth (MB/s)</source>
+        <translation>带宽 (MB/s)</translation>
+    </message>
+    <message>
+        <source>Payload Received (MB/s)</source>
+        <translation>已接收有效载荷 (MB/s)</translation>
+    </message>
+    <message>
+        <source>fps Sent</source>
+        <translation>发送 fps</translation>
+    </message>
+    <message>
+        <source>fps Received</source>
+        <translation>接收 fps</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>图像数</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>错误数</translation>
+    </message>
+    <message>
+        <source>Optimize</source>
+        <translation>优化</translation>
+    </message>
+    <message>
+        <source>Optimizes transport layer settings of cameras connected to this network adapter.</source>
+        <translation>优化连接到此网络适配器的相机的传输层设置。</translation>
+    </message>
+    <message>
+        <source>Error accessing camera!</source>
+        <translation>访问相机时出错！</translation>
+    </message>
+</context>
+<context>
+    <name>CameraConfigurationEditor</name>
+    <message>
+        <source>Invalid!</source>
+        <translation>无效！</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Configure Camera</source>
+        <translation>配置相机</translation>
+    </message>
+</context>
+<context>
+    <name>ComboSlider</name>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>范围：%1..%2</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2 (Increment: %3)</source>
+        <translation>范围：%1..%2（增量：%3）</translation>
+    </message>
+</context>
+<context>
+    <name>FlatTree</name>
+    <message>
+        <source>Internal Error</source>
+        <translation>内部错误</translation>
+    </message>
+    <message>
+        <source>Network Interface</source>
+        <translation>网络接口</translation>
+    </message>
+    <message>
+        <source>Could not start grab.</source>
+        <translation>无法开始采集。</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::BandwidthManager::CBandwidthManagerPlugin</name>
+    <message>
+        <source>Bandwidth Manager</source>
+        <translation>带宽管理器</translation>
+    </message>
+    <message>
+        <source>Bandwidth Manager&lt;br&gt;The &lt;a href="#"&gt;Bandwidth Manager&lt;/a&gt; helps you to optimize your network settings for optimum camera performance.</source>
+        <translation>带宽管理器&lt;br&gt;&lt;a href="#"&gt;带宽管理器&lt;/a&gt;可帮助您优化网络设置，使相机达到最佳性能。</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;To use the Bandwidth Manager, you have to stop continuous image acquisition as well as any recordings on all cameras.&lt;p/&gt;Do you want to stop all cameras and start using the Bandwidth Manager?</source>
+        <translation>&lt;p&gt;要使用带宽管理器，必须停止所有相机上的连续图像采集以及所有录制。&lt;p/&gt;是否要停止所有相机并开始使用带宽管理器？</translation>
+    </message>
+</context>
+</TS>
