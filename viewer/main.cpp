@@ -45,6 +45,9 @@ int main(int argc, char** argv)
     }
 
     const auto manager = Core::Plugin::PluginManagerPtr::create();
+    // Before any service, window or plug-in makes its texts.
+    CLanguageSelector languages(manager.toWeakRef());
+    languages.applyLanguage(options.language.isEmpty() ? CLanguageSelector::savedLanguage() : options.language);
     const auto menus = QSharedPointer<CMenuService>::create();
     const auto log = QSharedPointer<CMessageLogService>::create();
     const auto selector = QSharedPointer<CDeviceSelectorService>::create();
@@ -54,10 +57,6 @@ int main(int argc, char** argv)
              menus, log, selector, deviceState, assistant})
         manager->addService(service);
     log->followLogErrors();
-
-    // Before any window or plug-in makes its texts.
-    CLanguageSelector languages(manager.toWeakRef());
-    languages.applyLanguage(options.language.isEmpty() ? CLanguageSelector::savedLanguage() : options.language);
 
     CMainWindow window(menus.data(), log.data(), selector.data(), assistant.data());
     window.addLanguageMenu(&languages);
