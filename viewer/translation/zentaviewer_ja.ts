@@ -39,6 +39,45 @@
     </message>
 </context>
 <context>
+    <name>Viewer::CLiveCameraController</name>
+    <message>
+        <source>Could not open %1</source>
+        <translation>%1 を開けませんでした</translation>
+    </message>
+    <message>
+        <source>Could not open %1: %2</source>
+        <translation>%1 を開けませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Could not start grabbing from %1</source>
+        <translation>%1 から画像取得を開始できませんでした</translation>
+    </message>
+    <message>
+        <source>Could not start grabbing from %1: %2</source>
+        <translation>%1 から画像取得を開始できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost</source>
+        <translation>%1 との接続が切断されました</translation>
+    </message>
+    <message>
+        <source>Open camera</source>
+        <translation>カメラを開く</translation>
+    </message>
+    <message>
+        <source>Start grabbing</source>
+        <translation>画像取得を開始</translation>
+    </message>
+    <message>
+        <source>Stop grabbing</source>
+        <translation>画像取得を停止</translation>
+    </message>
+    <message>
+        <source>Close camera</source>
+        <translation>カメラを閉じる</translation>
+    </message>
+</context>
+<context>
     <name>Viewer::CMainWindow</name>
     <message>
         <source>Zenta Viewer</source>

@@ -39,6 +39,45 @@
     </message>
 </context>
 <context>
+    <name>Viewer::CLiveCameraController</name>
+    <message>
+        <source>Could not open %1</source>
+        <translation>%1을(를) 열 수 없습니다</translation>
+    </message>
+    <message>
+        <source>Could not open %1: %2</source>
+        <translation>%1을(를) 열 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Could not start grabbing from %1</source>
+        <translation>%1에서 그랩을 시작할 수 없습니다</translation>
+    </message>
+    <message>
+        <source>Could not start grabbing from %1: %2</source>
+        <translation>%1에서 그랩을 시작할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost</source>
+        <translation>%1과(와)의 연결이 끊어졌습니다</translation>
+    </message>
+    <message>
+        <source>Open camera</source>
+        <translation>카메라 열기</translation>
+    </message>
+    <message>
+        <source>Start grabbing</source>
+        <translation>그랩 시작</translation>
+    </message>
+    <message>
+        <source>Stop grabbing</source>
+        <translation>그랩 중지</translation>
+    </message>
+    <message>
+        <source>Close camera</source>
+        <translation>카메라 닫기</translation>
+    </message>
+</context>
+<context>
     <name>Viewer::CMainWindow</name>
     <message>
         <source>Zenta Viewer</source>

@@ -39,6 +39,45 @@
     </message>
 </context>
 <context>
+    <name>Viewer::CLiveCameraController</name>
+    <message>
+        <source>Could not open %1</source>
+        <translation>无法打开 %1</translation>
+    </message>
+    <message>
+        <source>Could not open %1: %2</source>
+        <translation>无法打开 %1：%2</translation>
+    </message>
+    <message>
+        <source>Could not start grabbing from %1</source>
+        <translation>无法开始从 %1 采集</translation>
+    </message>
+    <message>
+        <source>Could not start grabbing from %1: %2</source>
+        <translation>无法开始从 %1 采集：%2</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost</source>
+        <translation>与 %1 的连接已断开</translation>
+    </message>
+    <message>
+        <source>Open camera</source>
+        <translation>打开相机</translation>
+    </message>
+    <message>
+        <source>Start grabbing</source>
+        <translation>开始采集</translation>
+    </message>
+    <message>
+        <source>Stop grabbing</source>
+        <translation>停止采集</translation>
+    </message>
+    <message>
+        <source>Close camera</source>
+        <translation>关闭相机</translation>
+    </message>
+</context>
+<context>
     <name>Viewer::CMainWindow</name>
     <message>
         <source>Zenta Viewer</source>
