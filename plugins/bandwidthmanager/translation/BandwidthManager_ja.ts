@@ -132,7 +132,7 @@
     </message>
     <message>
         <source>Stop analysis &amp;after</source>
-        <translation>次の時間後に解析を停止(&amp;A)</translation>
+        <translation>一定時間後に解析を停止(&amp;A)</translation>
     </message>
     <message>
         <source>Second(s)</source>

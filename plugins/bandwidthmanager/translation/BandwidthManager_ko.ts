@@ -132,7 +132,7 @@
     </message>
     <message>
         <source>Stop analysis &amp;after</source>
-        <translation>다음 시간 후 분석 중지(&amp;A)</translation>
+        <translation>일정 시간 후 분석 중지(&amp;A)</translation>
     </message>
     <message>
         <source>Second(s)</source>

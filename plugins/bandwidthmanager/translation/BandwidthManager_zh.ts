@@ -132,7 +132,7 @@
     </message>
     <message>
         <source>Stop analysis &amp;after</source>
-        <translation>在以下时间后停止分析(&amp;A)</translation>
+        <translation>在设定时间后停止分析(&amp;A)</translation>
     </message>
     <message>
         <source>Second(s)</source>
