@@ -16,10 +16,15 @@ constexpr const char* ViewCamerasGroup = "ZentaViewer.Group.View.Cameras";
 constexpr const char* ViewPanelsGroup = "ZentaViewer.Group.View.Panels";
 constexpr const char* ToolsGroup = "ZentaViewer.Group.Tools.Tools";
 constexpr const char* HelpGroup = "ZentaViewer.Group.Help.Misc";
+constexpr const char* CameraSelectorCameraGroup = "ZentaViewer.Group.CameraSelectorContextMenu.Camera";
 constexpr const char* CameraSelectorMiscGroup = "ZentaViewer.Group.CameraSelectorContextMenu.Misc";
 
 constexpr const char* QuitCommand = "ZentaViewer.Quit";
 constexpr const char* RefreshCamerasCommand = "ZentaViewer.RefreshCameras";
+constexpr const char* OpenCameraCommand = "ZentaViewer.OpenCamera";
+constexpr const char* StartGrabCommand = "ZentaViewer.StartGrab";
+constexpr const char* StopGrabCommand = "ZentaViewer.StopGrab";
+constexpr const char* CloseCameraCommand = "ZentaViewer.CloseCamera";
 constexpr const char* AboutCommand = "ZentaViewer.About";
 constexpr const char* BandwidthManagerCommand = "BandwidthManager.Start";
 
