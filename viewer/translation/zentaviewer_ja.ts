@@ -26,6 +26,10 @@
         <source>No Bandwidth Manager command to open</source>
         <translation>帯域幅マネージャーを開くコマンドがありません</translation>
     </message>
+    <message>
+        <source>No camera services to grab from</source>
+        <translation>画像を取得できるカメラサービスがありません</translation>
+    </message>
 </context>
 <context>
     <name>Viewer::CCameraSelectorPanel</name>

@@ -26,6 +26,10 @@
         <source>No Bandwidth Manager command to open</source>
         <translation>대역폭 관리자를 여는 명령이 없습니다</translation>
     </message>
+    <message>
+        <source>No camera services to grab from</source>
+        <translation>그랩할 카메라 서비스가 없습니다</translation>
+    </message>
 </context>
 <context>
     <name>Viewer::CCameraSelectorPanel</name>

@@ -26,6 +26,10 @@
         <source>No Bandwidth Manager command to open</source>
         <translation>没有用于打开带宽管理器的命令</translation>
     </message>
+    <message>
+        <source>No camera services to grab from</source>
+        <translation>没有可供采集的相机服务</translation>
+    </message>
 </context>
 <context>
     <name>Viewer::CCameraSelectorPanel</name>
