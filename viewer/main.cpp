@@ -3,6 +3,7 @@
 #include "CHostComponentPlugin.h"
 #include "CCameraSelectorPanel.h"
 #include "CLanguageSelector.h"
+#include "CLiveCameraController.h"
 #include "CMainWindow.h"
 #include "CMenuService.h"
 #include "CMessageLogService.h"
@@ -10,6 +11,7 @@
 #include "CViewerOptions.h"
 #include "Screenshot.h"
 #include "ViewerIds.h"
+#include "CameraPoolWiring.h"
 
 #include <Core/Plugin/CPluginManager.h>
 #include <Core/Plugin/ServiceLookup.h>
@@ -65,9 +67,16 @@ int main(int argc, char** argv)
 #endif
     window.cameraSelector()->setEnumerationService(
         Core::Plugin::getService<Plugin::CameraPool::ICameraEnumerationService>(manager));
+    CLiveCameraController* cameras = connectCameraPool(&window, menus.data(), selector.data(), log.data(), manager);
 
     CHostComponentPlugin::addHostComponents(*manager);
     const QString source = QStringLiteral("Viewer");
+    if (!options.grabCamera.isEmpty()) {
+        if (cameras)
+            cameras->grabWhenListed(options.grabCamera);
+        else
+            log->addMessage(CMessageLogService::SeverityWarning, source, QObject::tr("No camera services to grab from"), {});
+    }
     if (QDir(options.pluginDir).exists()) {
         manager->addPluginFolder(options.pluginDir);
     } else {

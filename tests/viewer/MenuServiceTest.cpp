@@ -69,7 +69,7 @@ TEST(MenuService, mainWindowOffersTheToolsMenuAndTheSelectorContextMenu)
     auto* context = dynamic_cast<CActionContainer*>(menus.actionContainer(Ids::CameraSelectorContextMenu));
     ASSERT_TRUE(tools && context);
     EXPECT_EQ(tools->groups(), QList<Core::CId>({Ids::ToolsGroup}));
-    EXPECT_EQ(context->groups(), QList<Core::CId>({Ids::CameraSelectorMiscGroup}));
+    EXPECT_EQ(context->groups(), QList<Core::CId>({Ids::CameraSelectorCameraGroup, Ids::CameraSelectorMiscGroup}));
     EXPECT_EQ(tools->menu()->title(), QStringLiteral("&Tools"));
 
     QAction tool("Bandwidth Manager");

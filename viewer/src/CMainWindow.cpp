@@ -61,7 +61,9 @@ CMainWindow::CMainWindow(CMenuService* menus, CMessageLogService* log, CDeviceSe
                                                        Ids::HelpGroup);
 
     auto* contextMenu = new QMenu(this);
-    menus->createContainer(Ids::CameraSelectorContextMenu, contextMenu)->appendGroup(Ids::CameraSelectorMiscGroup);
+    CActionContainer* contextContainer = menus->createContainer(Ids::CameraSelectorContextMenu, contextMenu);
+    contextContainer->appendGroup(Ids::CameraSelectorCameraGroup);
+    contextContainer->appendGroup(Ids::CameraSelectorMiscGroup);
 
     m_cameraSelector = new CCameraSelectorPanel(selector, contextMenu);
     connect(m_refreshCameras, &QAction::triggered, m_cameraSelector, &CCameraSelectorPanel::onRefresh);
@@ -85,10 +87,10 @@ CMainWindow::CMainWindow(CMenuService* menus, CMessageLogService* log, CDeviceSe
     for (QDockWidget* dock : m_docks)
         m_viewMenu->addAction(dock->toggleViewAction());
 
-    auto* central = new QLabel(this);
-    central->setAlignment(Qt::AlignCenter);
-    central->setObjectName(QStringLiteral("SelectionLabel"));
-    setCentralWidget(central);
+    m_selectionLabel = new QLabel(this);
+    m_selectionLabel->setAlignment(Qt::AlignCenter);
+    m_selectionLabel->setObjectName(QStringLiteral("SelectionLabel"));
+    setCentralWidget(m_selectionLabel);
     connect(selector, &CDeviceSelectorService::selectionChanged, this, &CMainWindow::onSelectionChanged);
     retranslateUi();
     restoreWindowLayout();
@@ -159,7 +161,7 @@ void CMainWindow::restoreWindowLayout()
 
 void CMainWindow::onSelectionChanged()
 {
-    auto* label = static_cast<QLabel*>(centralWidget());
+    QLabel* label = m_selectionLabel;
     const Core::CameraPoolComponents::DeviceBaseInfoPtr device = m_selector->selection();
     const auto camera = device.dynamicCast<Core::CameraPoolComponents::ICameraInfo>();
     if (!device)

@@ -6,6 +6,7 @@
 
 class QAction;
 class QDockWidget;
+class QLabel;
 class QMenu;
 
 namespace Viewer {
@@ -58,6 +59,8 @@ private:
     QAction* m_quit = nullptr;
     QAction* m_about = nullptr;
     std::array<QDockWidget*, 3> m_docks{};
+    // The central widget, or a page of it once a live view joins.
+    QLabel* m_selectionLabel = nullptr;
 };
 
 } // namespace Viewer

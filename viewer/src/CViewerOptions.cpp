@@ -14,7 +14,8 @@ SViewerOptions SViewerOptions::parse(const QStringList& arguments, const QProces
     const QCommandLineOption screenshot("screenshot", "Save a PNG of all windows, then quit.", "FILE");
     const QCommandLineOption delay("screenshot-delay", "Milliseconds before the screenshot.", "MS", "3000");
     const QCommandLineOption language("language", "Language for this run: en, ja, ko or zh.", "LANG");
-    parser.addOptions({pluginDir, open, screenshot, delay, language});
+    const QCommandLineOption grab("grab", "Start grabbing this camera (a key, or part of a key or serial number) once it is listed.", "CAMERA");
+    parser.addOptions({pluginDir, open, screenshot, delay, language, grab});
     parser.addHelpOption();
 
     SViewerOptions options;
@@ -34,6 +35,7 @@ SViewerOptions SViewerOptions::parse(const QStringList& arguments, const QProces
     options.screenshotDelayMs = parser.value(delay).toInt(&ok);
     if (!ok || options.screenshotDelayMs < 0)
         options.error = QStringLiteral("--screenshot-delay takes a number of milliseconds");
+    options.grabCamera = parser.value(grab);
     options.language = parser.value(language);
     if (!options.language.isEmpty() && !QStringList{"en", "ja", "ko", "zh"}.contains(options.language))
         options.error = QStringLiteral("--language takes en, ja, ko or zh");

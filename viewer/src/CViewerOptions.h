@@ -14,6 +14,8 @@ struct SViewerOptions
     int screenshotDelayMs = 3000;
     // For this run only; empty keeps the saved choice.
     QString language;
+    // Starts grabbing the camera of this key, or whose key or name contains it, once it is listed.
+    QString grabCamera;
     QString error;
 
     // The plug-in folder: --plugin-dir, else ZENTA_PLUGIN_DIR, else "plugins" beside the binary.
