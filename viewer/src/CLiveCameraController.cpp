@@ -144,8 +144,12 @@ bool CLiveCameraController::startGrab(const CameraInfoPtr& camera)
 {
     if (!camera || !m_services.streams)
         return false;
+    const QString earlierError = m_services.lastError ? m_services.lastError() : QString();
     if (!m_services.streams->startGrab(camera)) {
-        const QString reason = m_services.lastError ? m_services.lastError() : QString();
+        // The pool keeps only the reason of a failed open; an older one would mislead.
+        QString reason = m_services.lastError ? m_services.lastError() : QString();
+        if (reason == earlierError)
+            reason.clear();
         emit failed(reason.isEmpty() ? tr("Could not start grabbing from %1").arg(camera->displayName())
                                      : tr("Could not start grabbing from %1: %2").arg(camera->displayName(), reason));
         updateActions();

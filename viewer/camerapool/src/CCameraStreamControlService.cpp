@@ -31,14 +31,19 @@ bool CCameraStreamControlService::startGrab(const Core::CameraPoolComponents::Ca
     if (!camera)
         return false;
     CAravisCameraPtr open = m_registry->find(camera->key());
-    if (!m_held.contains(camera->key())) {
+    const bool newHold = !m_held.contains(camera->key());
+    if (newHold) {
         open = m_registry->open(camera);
         if (!open)
             return false;
         m_held.insert(camera->key());
     }
-    if (!open->startGrabbing())
+    if (!open->startGrabbing()) {
+        // Nobody would stop a grab that never ran: the hold goes back now.
+        if (newHold && m_held.remove(camera->key()))
+            m_registry->release(camera->key());
         return false;
+    }
     emit grabStarted(open->cameraInfo());
     return true;
 }
