@@ -36,7 +36,6 @@ bool hasSignal(const QObject* object, const char* signature)
 
 CLiveCameraController::CLiveCameraController(CDeviceSelectorService* selector, QObject* parent)
     : QObject(parent),
-      m_selector(selector),
       m_open(new QAction(this)),
       m_start(new QAction(this)),
       m_stop(new QAction(this)),

@@ -89,7 +89,6 @@ private:
     void retranslate();
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    CDeviceSelectorService* m_selector;
     SServices m_services;
     Core::CameraPoolComponents::CameraInfoPtr m_selected;
     // Cameras that "Open camera" holds, until "Close camera".
