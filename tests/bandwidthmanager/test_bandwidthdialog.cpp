@@ -8,6 +8,7 @@
 #include <host/fakes/CFakeMessageLogService.h>
 #include <host/fakes/CFakeParameterService.h>
 #include <host/fakes/CModalResponder.h>
+#include <host/fakes/WaitUntil.h>
 #include <parameters/fakes/CScriptedParameterCollection.h>
 
 #include <Core/Logging/CLogCapture.h>
@@ -463,7 +464,7 @@ TEST_F(BandwidthDialogTest, StopAfterOneSecondEndsTheAnalysisWithItsLogLines)
 
     widget<QPushButton>(dialog, "btnStart")->click();
     EXPECT_FALSE(widget<QPushButton>(dialog, "btnStop")->isHidden());
-    QTRY_VERIFY_WITH_TIMEOUT(tree->calls.contains(QStringLiteral("stopAcquisition")), 3000);
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return tree->calls.contains(QStringLiteral("stopAcquisition")); }, 3000));
 
     EXPECT_EQ(tree->calls, (QStringList{"startAcquisition", "stopAcquisition"}));
     EXPECT_GE(tree->sampleCount, 2);

@@ -6,6 +6,8 @@
 
 #include <Core/Logging/Logging.h>
 
+#include <host/fakes/WaitUntil.h>
+
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
@@ -22,18 +24,6 @@ using namespace Plugin::BandwidthManager;
 namespace {
 
 constexpr double kFps = 25.0;
-
-bool waitUntil(const std::function<bool()>& condition, int timeoutMs)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.elapsed() > timeoutMs)
-            return false;
-        QTest::qWait(50);
-    }
-    return true;
-}
 
 // Three emulated cameras on loopback addresses of this run: a steady one, one
 // that drops packets without resend, and one that the test kills.
@@ -53,7 +43,7 @@ protected:
                                      small + QStringList{"--loss-ratio", "0.002", "--no-resend"})
                     && s_victim.start(GIGE_EMULATOR_PATH, net + "4", "MCK" + tag, small);
         s_services = new CameraPool::SCameraPoolServices(CameraPool::createCameraPoolServices({false, 1000}));
-        s_discovered = s_started && waitUntil([] { return find(s_steady) && find(s_lossy) && find(s_victim); }, 20000);
+        s_discovered = s_started && HostFakes::waitUntil([] { return find(s_steady) && find(s_lossy) && find(s_victim); }, 20000);
 #endif
     }
 
@@ -123,7 +113,7 @@ TEST_F(MeasuringCameraOnEmulator, countsAtTheFrameRateAndPayloadOfTheCamera)
 
     measuring->startMeasuring();
     ASSERT_TRUE(measuring->isMeasuring());
-    ASSERT_TRUE(waitUntil([&] { return measuring->getSample().images > 0; }, 10000));
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return measuring->getSample().images > 0; }, 10000));
     measuring->resetStatistics();
     QElapsedTimer timer;
     timer.start();
@@ -154,7 +144,7 @@ TEST_F(MeasuringCameraOnEmulator, incompleteFramesAreErrorsNotImages)
         Qt::DirectConnection);
 
     measuring->startMeasuring();
-    const bool sawFailures = waitUntil([&] { return failed >= 5 && succeeded >= 5; }, 10000);
+    const bool sawFailures = HostFakes::waitUntil([&] { return failed >= 5 && succeeded >= 5; }, 10000);
     measuring->stopMeasuring();
     QObject::disconnect(camera.data(), &Plugin::CameraPool::ICamera::cameraImageGrabbed, camera.data(), nullptr);
     s_services->control->releaseCamera(camera);
@@ -172,10 +162,10 @@ TEST_F(MeasuringCameraOnEmulator, killedCameraIsReportedLostAndStopsMeasuring)
     const auto measuring = measure(s_victim);
     ASSERT_TRUE(measuring);
     measuring->startMeasuring();
-    ASSERT_TRUE(waitUntil([&] { return measuring->getSample().images > 0; }, 10000));
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return measuring->getSample().images > 0; }, 10000));
     s_victim.kill();
 
-    ASSERT_TRUE(waitUntil([&] { return measuring->isConnectionLost(); }, 30000));
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return measuring->isConnectionLost(); }, 30000));
     EXPECT_FALSE(measuring->isMeasuring());
     SBandwidthSample sample;
     try {

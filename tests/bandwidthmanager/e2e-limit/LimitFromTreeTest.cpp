@@ -12,6 +12,8 @@
 #include <Core/Plugin/ServiceLookup.h>
 #include <Plugin/ParameterCollectionPool/IParameterService.h>
 
+#include <host/fakes/WaitUntil.h>
+
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
@@ -64,20 +66,6 @@ public:
 private:
     pid_t m_pid = -1;
 };
-
-// Runs the event loop until the condition holds; false when the time is up.
-template <class TCondition>
-bool waitFor(TCondition condition, int timeoutMs)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.elapsed() > timeoutMs)
-            return false;
-        QTest::qWait(50);
-    }
-    return true;
-}
 
 class LimitFromTree : public ::testing::Test
 {
@@ -142,7 +130,7 @@ protected:
 
 TEST_F(LimitFromTree, limitTypedIntoTheEditorSlowsTheCamera)
 {
-    ASSERT_TRUE(waitFor([this] { return !(key = discoveredKey()).isEmpty(); }, 20000)) << "camera not discovered";
+    ASSERT_TRUE(HostFakes::waitUntil([this] { return !(key = discoveredKey()).isEmpty(); }, 20000)) << "camera not discovered";
 
     // Declines the GigE offer and leaves the (modal) bandwidth dialog alone.
     HostFakes::CModalResponder responder;
@@ -171,7 +159,7 @@ TEST_F(LimitFromTree, limitTypedIntoTheEditorSlowsTheCamera)
 
     dialog.findChild<QPushButton*>(QStringLiteral("btnStart"))->click();
     const double unlimited = double(Width) * Height * FramesPerSecond / 1e6; // 6.1 MB/s, the frame rate's limit
-    ASSERT_TRUE(waitFor([&] { return qAbs(payloadMBs() - unlimited) < unlimited * 0.05; }, 10000))
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return qAbs(payloadMBs() - unlimited) < unlimited * 0.05; }, 10000))
         << "payload " << payloadMBs() << " MB/s before the limit; fps sent " << row()->fpsSent << " received "
         << row()->fpsReceived << " delay " << interPacketDelay() << " images " << row()->images << " errors " << row()->errors;
     EXPECT_EQ(limiter->value(), 6); // what the camera reports, 6.3 MB/s with IP headers
@@ -186,7 +174,7 @@ TEST_F(LimitFromTree, limitTypedIntoTheEditorSlowsTheCamera)
     EXPECT_GT(interPacketDelay(), delayBefore);
     EXPECT_NEAR(limiter->value(), limit, 1);
     // The camera reports IP bytes, the payload column image bytes: 2.4 % less here.
-    EXPECT_TRUE(waitFor([&] { return qAbs(payloadMBs() - limit * 0.976) < limit * 0.05; }, 10000))
+    EXPECT_TRUE(HostFakes::waitUntil([&] { return qAbs(payloadMBs() - limit * 0.976) < limit * 0.05; }, 10000))
         << "payload " << payloadMBs() << " MB/s under a limit of " << limit;
     EXPECT_EQ(row()->errors, 0u);
 

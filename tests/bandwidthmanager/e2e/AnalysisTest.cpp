@@ -6,6 +6,7 @@
 
 #include <camerapool/CameraPoolServices.h>
 #include <host/fakes/CModalResponder.h>
+#include <host/fakes/WaitUntil.h>
 
 #include <Core/Logging/Logging.h>
 #include <Core/Plugin/ServiceLookup.h>
@@ -104,7 +105,7 @@ protected:
 
 TEST_F(AnalysisEndToEnd, measuresTwoCamerasAndLosesOneAlone)
 {
-    QTRY_VERIFY_WITH_TIMEOUT(discovered(), 20000);
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return discovered(); }, 20000));
 
     // Declines the GigE offer, and goes before it takes the modal dialog itself for a box.
     auto responder = std::make_unique<HostFakes::CModalResponder>();
@@ -142,7 +143,7 @@ TEST_F(AnalysisEndToEnd, measuresTwoCamerasAndLosesOneAlone)
 
     cameras[0].process.kill();
     // Aravis notices the silent camera by its heartbeat; then the row is no longer measured.
-    QTRY_VERIFY_WITH_TIMEOUT(!item(cameras[0]) || !item(cameras[0])->measuringCamera, 30000);
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return !item(cameras[0]) || !item(cameras[0])->measuringCamera; }, 30000));
     ASSERT_NE(item(cameras[1]), nullptr);
     ASSERT_NE(item(cameras[1])->measuringCamera, nullptr);
     EXPECT_EQ(item(cameras[1])->row->checkState(0), Qt::Checked);
