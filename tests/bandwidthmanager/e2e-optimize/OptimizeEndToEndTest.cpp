@@ -48,6 +48,7 @@ struct SReading
 {
     double payloadMBs[CameraCount] = {};
     qint64 errors[CameraCount] = {};
+    qint64 images[CameraCount] = {};
     SLinkCounters link;
     qint64 total() const { return std::accumulate(std::begin(errors), std::end(errors), qint64(0)); }
     double payload() const { return std::accumulate(std::begin(payloadMBs), std::end(payloadMBs), 0.0); }
@@ -160,6 +161,7 @@ protected:
             const FlatTreeItem* row = item(keys[i]);
             reading.payloadMBs[i] = row ? double(row->payloadReceived) / 1e6 : -1.0;
             reading.errors[i] = qint64(number(keys[i], 7));
+            reading.images[i] = qint64(number(keys[i], 6));
         }
         reading.link = linkCounters();
         return reading;
@@ -224,9 +226,19 @@ protected:
         report("after", after, start, WatchMs / 1000.0);
         EXPECT_EQ(after.total(), start.total()) << "new errors after optimizing";
         EXPECT_EQ(after.link.dropped, start.link.dropped) << "the link still drops";
-        EXPECT_LE(after.payload(), linkMbps / 8.0 * 0.9);
-        for (double mbs : after.payloadMBs)
-            EXPECT_GT(mbs, 0.0);
+        // A sample counts whole frames of its last quarter second; the watch's
+        // images give the rate that the link really carried.
+        double sum = 0.0;
+        std::cout << "[optimize-e2e] payload MB/s over the watch:";
+        for (int i = 0; i < CameraCount; ++i) {
+            const double mbs = double(after.images[i] - start.images[i]) * double(node(keys[i], "PayloadSize"))
+                               / (WatchMs / 1000.0) / 1e6;
+            std::cout << ' ' << mbs;
+            EXPECT_GT(mbs, 0.0) << keys[i].toStdString();
+            sum += mbs;
+        }
+        std::cout << " (sum " << sum << " of " << linkMbps / 8.0 << ")" << std::endl;
+        EXPECT_LE(sum, linkMbps / 8.0 * 0.9);
     }
 
     QString expectedResultText() const
