@@ -45,7 +45,7 @@ struct CPluginManager::SEntry
         Stopped,
     };
 
-    SPluginSpec spec;
+    SPluginSpec pluginSpec;
     std::unique_ptr<QPluginLoader> loader;
     QPointer<IPlugin> plugin;
     EState state = Read;
@@ -112,7 +112,7 @@ void CPluginManager::addPluginFolder(const QString& folder)
             continue;
         }
         auto entry = std::make_unique<SEntry>();
-        entry->spec = SPluginSpec::fromMetaData(metaData, file.absoluteFilePath());
+        entry->pluginSpec = SPluginSpec::fromMetaData(metaData, file.absoluteFilePath());
         entry->loader = std::move(loader);
         m_entries.push_back(std::move(entry));
     }
@@ -123,7 +123,7 @@ void CPluginManager::addPluginInstance(IPlugin* plugin, const QJsonObject& metaD
     if (!plugin)
         return;
     auto entry = std::make_unique<SEntry>();
-    entry->spec = SPluginSpec::fromMetaData(metaData, QString());
+    entry->pluginSpec = SPluginSpec::fromMetaData(metaData, QString());
     entry->plugin = plugin;
     m_entries.push_back(std::move(entry));
 }
@@ -132,15 +132,15 @@ QStringList CPluginManager::loadPlugins(const QSharedPointer<CPluginManager>& se
 {
     auto refuse = [this](SEntry* entry, const QString& reason) {
         entry->state = SEntry::Refused;
-        entry->spec.errorString = reason;
+        entry->pluginSpec.errorString = reason;
         const QString text = QStringLiteral("Plug-in \"%1\" was not loaded: %2")
-                                 .arg(entry->spec.name.isEmpty() ? entry->spec.fileName : entry->spec.name, reason);
+                                 .arg(entry->pluginSpec.name.isEmpty() ? entry->pluginSpec.fileName : entry->pluginSpec.name, reason);
         m_errors.append(text);
         Core::Logging::createLogEntry(Core::Logging::LogLevelError, logCategory(), text);
     };
     auto find = [this](const QString& name) -> SEntry* {
         for (const auto& entry : m_entries) {
-            if (entry->spec.name == name)
+            if (entry->pluginSpec.name == name)
                 return entry.get();
         }
         return nullptr;
@@ -150,9 +150,9 @@ QStringList CPluginManager::loadPlugins(const QSharedPointer<CPluginManager>& se
     for (const auto& entry : m_entries) {
         if (entry->state != SEntry::Read)
             continue;
-        if (!entry->spec.errorString.isEmpty())
-            refuse(entry.get(), entry->spec.errorString);
-        else if (find(entry->spec.name) != entry.get())
+        if (!entry->pluginSpec.errorString.isEmpty())
+            refuse(entry.get(), entry->pluginSpec.errorString);
+        else if (find(entry->pluginSpec.name) != entry.get())
             refuse(entry.get(), QStringLiteral("another plug-in of that name is loaded already"));
     }
 
@@ -170,14 +170,14 @@ QStringList CPluginManager::loadPlugins(const QSharedPointer<CPluginManager>& se
             return true;
         }
         entry->state = SEntry::Resolving;
-        for (const SPluginDependency& dependency : qAsConst(entry->spec.dependencies)) {
+        for (const SPluginDependency& dependency : qAsConst(entry->pluginSpec.dependencies)) {
             SEntry* target = find(dependency.name);
-            const bool present = target && versionFits(target->spec, dependency.version);
+            const bool present = target && versionFits(target->pluginSpec, dependency.version);
             if (!present) {
                 if (dependency.optional)
                     continue;
                 refuse(entry, target ? QStringLiteral("its required dependency \"%1\" %2 is there only as %3")
-                                           .arg(dependency.name, dependency.version, target->spec.version)
+                                           .arg(dependency.name, dependency.version, target->pluginSpec.version)
                                      : QStringLiteral("its required dependency \"%1\" %2 is missing")
                                            .arg(dependency.name, dependency.version));
                 return false;
@@ -203,7 +203,7 @@ QStringList CPluginManager::loadPlugins(const QSharedPointer<CPluginManager>& se
     for (SEntry* entry : order) {
         // A dependency may have failed after resolving, when loading or initialising.
         bool dependenciesUp = true;
-        for (const SPluginDependency& dependency : qAsConst(entry->spec.dependencies)) {
+        for (const SPluginDependency& dependency : qAsConst(entry->pluginSpec.dependencies)) {
             const SEntry* target = find(dependency.name);
             if (!dependency.optional && target && target->state != SEntry::Initialized
                 && target->state != SEntry::Started) {
@@ -224,7 +224,7 @@ QStringList CPluginManager::loadPlugins(const QSharedPointer<CPluginManager>& se
             }
         }
         if (auto* localized = qobject_cast<ALocalizedPlugin*>(entry->plugin.data()))
-            localized->setCatalogName(entry->spec.name);
+            localized->setCatalogName(entry->pluginSpec.name);
         if (!entry->plugin->initialize(self.toWeakRef())) {
             refuse(entry, QStringLiteral("it failed to initialise"));
             delete entry->plugin.data();
@@ -237,13 +237,13 @@ QStringList CPluginManager::loadPlugins(const QSharedPointer<CPluginManager>& se
     QStringList names;
     for (SEntry* entry : initialized) {
         if (!entry->plugin->start()) {
-            const QString text = QStringLiteral("Plug-in \"%1\" reported a failed start").arg(entry->spec.name);
+            const QString text = QStringLiteral("Plug-in \"%1\" reported a failed start").arg(entry->pluginSpec.name);
             m_errors.append(text);
             Core::Logging::createLogEntry(Core::Logging::LogLevelError, logCategory(), text);
         }
         entry->state = SEntry::Started;
         m_started.append(entry);
-        names.append(entry->spec.name);
+        names.append(entry->pluginSpec.name);
     }
     emit pluginsChanged();
     return names;
@@ -274,7 +274,7 @@ QList<SPluginSpec> CPluginManager::pluginSpecs() const
 {
     QList<SPluginSpec> result;
     for (const auto& entry : m_entries)
-        result.append(entry->spec);
+        result.append(entry->pluginSpec);
     return result;
 }
 

@@ -10,14 +10,14 @@ SPluginSpec SPluginSpec::fromMetaData(const QJsonObject& metaData, const QString
     const QJsonObject data =
         metaData.value(QLatin1String("MetaData")).isObject() ? metaData.value(QLatin1String("MetaData")).toObject()
                                                               : metaData;
-    SPluginSpec spec;
-    spec.fileName = fileName;
-    spec.metaData = data;
-    spec.name = data.value(QLatin1String("Name")).toString();
-    spec.version = data.value(QLatin1String("Version")).toString();
-    spec.compatVersion = data.value(QLatin1String("CompatVersion")).toString(spec.version);
-    spec.required = data.value(QLatin1String("Required")).toBool(false);
-    spec.description = data.value(QLatin1String("Description")).toString();
+    SPluginSpec pluginSpec;
+    pluginSpec.fileName = fileName;
+    pluginSpec.metaData = data;
+    pluginSpec.name = data.value(QLatin1String("Name")).toString();
+    pluginSpec.version = data.value(QLatin1String("Version")).toString();
+    pluginSpec.compatVersion = data.value(QLatin1String("CompatVersion")).toString(pluginSpec.version);
+    pluginSpec.required = data.value(QLatin1String("Required")).toBool(false);
+    pluginSpec.description = data.value(QLatin1String("Description")).toString();
     const QJsonArray dependencies = data.value(QLatin1String("Dependencies")).toArray();
     for (const QJsonValue& value : dependencies) {
         const QJsonObject object = value.toObject();
@@ -27,14 +27,14 @@ SPluginSpec SPluginSpec::fromMetaData(const QJsonObject& metaData, const QString
         dependency.optional =
             object.value(QLatin1String("Type")).toString().compare(QLatin1String("optional"), Qt::CaseInsensitive) == 0;
         if (dependency.name.isEmpty()) {
-            spec.errorString = QStringLiteral("a dependency has no name");
+            pluginSpec.errorString = QStringLiteral("a dependency has no name");
             continue;
         }
-        spec.dependencies.append(dependency);
+        pluginSpec.dependencies.append(dependency);
     }
-    if (spec.name.isEmpty())
-        spec.errorString = QStringLiteral("the metadata has no \"Name\"");
-    return spec;
+    if (pluginSpec.name.isEmpty())
+        pluginSpec.errorString = QStringLiteral("the metadata has no \"Name\"");
+    return pluginSpec;
 }
 
 } // namespace Core::Plugin

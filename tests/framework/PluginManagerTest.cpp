@@ -102,9 +102,9 @@ TEST(PluginManager, resolvesDependenciesByTable)
         Core::Logging::CLogCapture capture;
         EXPECT_EQ(manager->loadPlugins(manager), row.started);
         QStringList refused;
-        for (const SPluginSpec& spec : manager->pluginSpecs()) {
-            if (!spec.errorString.isEmpty())
-                refused.append(spec.name);
+        for (const SPluginSpec& pluginSpec : manager->pluginSpecs()) {
+            if (!pluginSpec.errorString.isEmpty())
+                refused.append(pluginSpec.name);
         }
         refused.sort();
         EXPECT_EQ(refused, row.refused);
