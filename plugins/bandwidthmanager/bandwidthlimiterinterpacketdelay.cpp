@@ -1,8 +1,9 @@
 #include "bandwidthlimiterinterpacketdelay.h"
 
+#include "exceptiontext.h"
+
 #include <Core/Exception/BaseException.h>
 #include <Core/Logging/Logging.h>
-#include <GenICam/GenericException.h>
 
 using namespace ParameterCollection;
 
@@ -26,19 +27,8 @@ void log(Core::Logging::ELogLevel level, const QString& text)
 // Call from a catch block: logs the exception in flight at level 2.
 void logCurrentException(const QString& activity)
 {
-    QString text;
-    try {
-        throw;
-    } catch (const GenICam_3_1_Dorvik_zenta::GenericException& e) {
-        text = QStringLiteral("GenICam Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.GetDescription()));
-    } catch (const std::exception& e) {
-        text = QStringLiteral("Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.what()));
-    } catch (const Core::Exception::BaseException& e) {
-        text = QStringLiteral("Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.what()));
-    } catch (...) {
-        text = QStringLiteral("Unknown exception caught while %1.").arg(activity);
-    }
-    log(Core::Logging::LogLevelWarning, text);
+    Core::Logging::createLogEntry(Core::Logging::LogLevelWarning, logCategory(),
+                                  Plugin::BandwidthManager::describeCurrentException(activity));
 }
 
 qint64 toMegabytes(qint64 bytesPerSecond)

@@ -1,8 +1,9 @@
 #include "devicelinkthroughputlimiteditor.h"
 
+#include "exceptiontext.h"
+
 #include <Core/Exception/BaseException.h>
 #include <Core/Logging/Logging.h>
-#include <GenICam/GenericException.h>
 #include <ParameterCollection/IntegerParameterData.h>
 
 #include <algorithm>
@@ -20,19 +21,8 @@ quint64 logCategory()
 // Call from a catch block: logs the exception in flight at level 2.
 void logCurrentException(const QString& activity)
 {
-    QString text;
-    try {
-        throw;
-    } catch (const GenICam_3_1_Dorvik_zenta::GenericException& e) {
-        text = QStringLiteral("GenICam Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.GetDescription()));
-    } catch (const std::exception& e) {
-        text = QStringLiteral("Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.what()));
-    } catch (const Core::Exception::BaseException& e) {
-        text = QStringLiteral("Exception caught while %1. Message: %2").arg(activity, QString::fromUtf8(e.what()));
-    } catch (...) {
-        text = QStringLiteral("Unknown exception caught while %1.").arg(activity);
-    }
-    Core::Logging::createLogEntry(Core::Logging::LogLevelWarning, logCategory(), text);
+    Core::Logging::createLogEntry(Core::Logging::LogLevelWarning, logCategory(),
+                                  Plugin::BandwidthManager::describeCurrentException(activity));
 }
 
 // 32-bit signed arithmetic that wraps instead of being undefined.
