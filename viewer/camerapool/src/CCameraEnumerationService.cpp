@@ -98,11 +98,17 @@ void CCameraEnumerationService::onRefresh()
 void CCameraEnumerationService::onScanned(const DeviceRecordList& records)
 {
     m_scanRunning = false;
-    DeviceRecordList shown;
+    DeviceRecordList scanned;
     for (const SDeviceRecord& record : records) {
         if (!transportLayerOf(record.protocol).isEmpty())
-            shown.append(record);
+            scanned.append(record);
     }
+    QSet<QString> openKeys;
+    for (const auto& open : openCameras()) {
+        if (open)
+            openKeys.insert(open->key());
+    }
+    const DeviceRecordList shown = m_keeper.merge(scanned, openKeys);
     const bool changed = !(shown == m_records);
     if (changed) {
         QMap<QString, CCameraInfoPtr> infos;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <camerapool/CCameraInfo.h>
+#include <camerapool/CDeviceListKeeper.h>
 #include <camerapool/SDeviceRecord.h>
 
 #include <Plugin/CameraPool/ICameraEnumerationService.h>
@@ -56,6 +57,7 @@ private:
     QTimer m_rescanTimer;
     bool m_scanRunning = false;
     bool m_scanAgain = false;
+    CDeviceListKeeper m_keeper;
     DeviceRecordList m_records;
     QMap<QString, CCameraInfoPtr> m_infos;
     QList<CCameraInfoPtr> m_order;
