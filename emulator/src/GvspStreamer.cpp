@@ -13,6 +13,10 @@ namespace gigeemu {
 namespace {
 constexpr std::size_t kBatch = 64;
 constexpr std::size_t kMaxQueuedFrames = 4;
+// How far a late wake-up may catch up on the link schedule. A real camera's
+// pacing is exact; ours must not turn scheduling delays into bursts that no
+// camera sends, so time beyond this is lost instead.
+constexpr double kMaxCatchUpNs = 500e3;
 constexpr std::uint32_t kMaxResendRange = 4096;
 constexpr std::uint32_t kToTrailer = 0xFFFFFF;
 } // namespace
@@ -249,6 +253,7 @@ void CGvspStreamer::sendDue(std::int64_t nowNs, const SStreamSettings& s)
 {
     const double now = double(nowNs);
     const double gap = s.gapSeconds * 1e9;
+    m_linkFreeNs = std::max(m_linkFreeNs, now - kMaxCatchUpNs);
     for (;;) {
         if (m_batch.size() == kBatch)
             flush(s);

@@ -98,6 +98,20 @@ INSTANTIATE_TEST_SUITE_P(Table, Pacing,
                                          SPacingCase{"frame_delay_shifts_every_frame", 1000, 25, 5000, 3000000}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+// A burst from a late wake-up would overflow a switch that exact pacing does not.
+TEST(Streamer, ALateWakeUpCatchesUpHalfAMillisecondAtMost)
+{
+    CStreamRig rig(vga(100)); // 1500-byte packets every 123 us
+    rig.model.startAcquisition();
+    rig.runFor(0.001);
+    const std::size_t before = rig.sink.m_sent.size();
+    rig.clock.m_now += 20000000;
+    rig.streamer.service(rig.clock.m_now);
+    const std::size_t burst = rig.sink.m_sent.size() - before;
+    EXPECT_GE(burst, 4u);
+    EXPECT_LE(burst, 5u);
+}
+
 TEST(Streamer, ResendServesHeldPacketsIdenticallyAndExpiredOnesAsUnavailable)
 {
     SConfig c = vga(1000);

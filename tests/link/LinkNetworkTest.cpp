@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 #include <map>
 #include <sstream>
 #include <string>
@@ -79,11 +80,16 @@ SRun runNetwork(const std::string& probeArgs, double seconds)
     while (std::fgets(buffer, sizeof buffer, pipe)) {
         const std::string line = buffer;
         run.output += line;
-        if (line.rfind("camera=", 0) == 0)
+        // The figures go to the log on success too: they are what the run measured.
+        if (line.rfind("camera=", 0) == 0) {
             run.cameras.push_back(parseFields(line));
+            std::cout << line;
+        }
         const auto at = line.find("link counters: ");
-        if (at != std::string::npos)
+        if (at != std::string::npos) {
             run.link = parseFields(line.substr(at));
+            std::cout << line;
+        }
     }
     const int status = ::pclose(pipe);
     run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
