@@ -113,8 +113,10 @@ BandwidthDialog::BandwidthDialog(const Core::Plugin::PluginManagerWeakPtr& plugi
         if (enumeration && status) {
             treeBandwidth->setOpenCameras(enumeration->openCameras());
             connect(enumeration.data(), SIGNAL(enumerationChanged()), treeBandwidth, SLOT(refreshTree()));
+            // Queued: the measuring camera learns of the loss from the same signal, and must
+            // have learnt it when the tree is rebuilt.
             connect(status.data(), SIGNAL(cameraConnectionLost(Core::CameraPoolComponents::CameraInfoPtr)),
-                    treeBandwidth, SLOT(refreshTree()));
+                    treeBandwidth, SLOT(refreshTree()), Qt::QueuedConnection);
         }
     }
 

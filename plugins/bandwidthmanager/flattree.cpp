@@ -16,6 +16,7 @@
 #include <usbtopology/INode.h>
 #include <usbtopology/IPropertySet.h>
 
+#include <QHash>
 #include <QNetworkInterface>
 
 #include <algorithm>
@@ -161,9 +162,25 @@ void FlatTree::refreshTree()
 
 void FlatTree::build(MeasuringCameraSet& cameraSet, const CameraList& openCameras)
 {
+    // A rebuild shows a measured camera's last figures, not zeros until the next sample.
+    QHash<QString, Plugin::BandwidthManager::SBandwidthSample> lastSamples;
+    for (const FlatTreeItem& item : items) {
+        if (item.isCamera && item.measuringCamera)
+            lastSamples.insert(item.key, item);
+    }
     clearItems();
     if (!enumerationService)
         return;
+    buildLayers(cameraSet, openCameras);
+    for (FlatTreeItem& item : items) {
+        const auto last = lastSamples.constFind(item.key);
+        if (item.isCamera && item.measuringCamera && last != lastSamples.constEnd())
+            item.setSample(last.value());
+    }
+}
+
+void FlatTree::buildLayers(MeasuringCameraSet& cameraSet, const CameraList& openCameras)
+{
     const QList<Plugin::CameraPool::TransportLayerPtr> layers = enumerationService->transportLayers();
     for (const Plugin::CameraPool::TransportLayerPtr& layer : layers) {
         if (!layer)

@@ -70,6 +70,7 @@ public slots:
 
 private:
     void clearItems();
+    void buildLayers(MeasuringCameraSet& cameraSet, const CameraList& openCameras);
     // False when the topology gave no root node: the build ends there.
     bool addUsbLayer(const Plugin::CameraPool::ITransportLayer& layer, const CameraList& openCameras,
                      const MeasuringCameraSet& cameraSet);

@@ -133,7 +133,7 @@ TEST_F(FlatTreeTest, findByKeyGivesTheFirstOfTwoEqualKeys)
     EXPECT_EQ(tree.item(first).text, QStringLiteral("first"));
 }
 
-TEST_F(FlatTreeTest, measuringCamerasSurviveARebuildAndGoWithTheirCamera)
+TEST_F(FlatTreeTest, measuringCamerasAndTheirFiguresSurviveARebuildAndGoWithTheirCamera)
 {
     const auto layer = enumeration->addTransportLayer("DorvikGigE", {g1, g2});
     tree.build(cameras, {});
@@ -141,10 +141,12 @@ TEST_F(FlatTreeTest, measuringCamerasSurviveARebuildAndGoWithTheirCamera)
     ASSERT_TRUE(tree.startMeasuring(tree.findByKey("gev-2"), cameras));
     QPointer<Plugin::BandwidthManager::CBandwidthMeasuringCamera> kept = tree.item(tree.findByKey("gev-1")).measuringCamera;
     QPointer<Plugin::BandwidthManager::CBandwidthMeasuringCamera> gone = tree.item(tree.findByKey("gev-2")).measuringCamera;
+    tree.item(tree.findByKey("gev-1")).images = 211;
 
     layer->setCameras({g1});
     tree.build(cameras, {});
     EXPECT_EQ(tree.item(tree.findByKey("gev-1")).measuringCamera, kept.data());
+    EXPECT_EQ(tree.item(tree.findByKey("gev-1")).images, 211u) << "the row shows its last figures until the next sample";
     EXPECT_TRUE(kept);
     EXPECT_FALSE(gone);
     EXPECT_EQ(cameras.cameras.size(), 1u);

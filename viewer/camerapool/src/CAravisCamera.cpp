@@ -23,6 +23,9 @@ void controlLostCallback(ArvDevice*, gpointer userData)
     static_cast<CAravisCamera*>(userData)->onControlLost();
 }
 
+constexpr qint64 MinSocketBufferBytes = 2 << 20;
+constexpr qint64 MaxSocketBufferBytes = 64 << 20;
+
 bool packetSocketAllowed()
 {
     return qEnvironmentVariableIntValue("ZENTA_ARV_PACKET_SOCKET") == 1;
@@ -129,6 +132,14 @@ void CAravisCamera::createStreamLocked()
     error.check();
     if (!m_stream)
         throwGenICam(QStringLiteral("Aravis created no stream"));
+    if (m_isGigE) {
+        // Aravis asks for one payload, but the kernel charges a datagram about twice its
+        // size: a stream thread that lags by one frame then loses packets. The kernel caps
+        // the request at net.core.rmem_max.
+        const qint64 socketBuffer = qBound<qint64>(MinSocketBufferBytes, 4 * qint64(payload), MaxSocketBufferBytes);
+        g_object_set(m_stream, "socket-buffer", ARV_GV_STREAM_SOCKET_BUFFER_FIXED, "socket-buffer-size",
+                     gint(socketBuffer), nullptr);
+    }
     const qint64 buffers = qMax<qint64>(1, m_maxNumBuffer.load());
     for (qint64 i = 0; i < buffers; ++i)
         arv_stream_push_buffer(m_stream, arv_buffer_new_allocate(payload));
