@@ -24,7 +24,9 @@ fi
 # Without resends: a camera that resends what the full queue dropped adds to the
 # overload until the link carries mostly resends and the cameras' control
 # answers are lost with them.
+# At 1000 Mbit/s with jumbo frames, 1920x1200 at 20 fps: 46 MB/s per camera.
 if [ "$mtu" -le 1500 ]; then frame="--width 640 --height 480 --fps 15 --no-resend"
+elif [ "$mbps" -ge 1000 ]; then frame="--width 1920 --height 1200 --fps 20 --no-resend"
 else frame="--width 1024 --height 768 --fps 6 --no-resend"; fi
 
 export BWM_E2E_MTU=$mtu BWM_E2E_LINK_MBPS=$mbps
