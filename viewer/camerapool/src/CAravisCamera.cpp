@@ -2,8 +2,13 @@
 
 #include <camerapool/AravisError.h>
 #include <camerapool/CParameterHub.h>
+#include <camerapool/StreamSocketBuffer.h>
+
+#include <Core/Logging/Logging.h>
 
 #include <camerapool/Aravis.h>
+
+#include <mutex>
 
 namespace CameraPool {
 
@@ -23,8 +28,18 @@ void controlLostCallback(ArvDevice*, gpointer userData)
     static_cast<CAravisCamera*>(userData)->onControlLost();
 }
 
-constexpr qint64 MinSocketBufferBytes = 2 << 20;
-constexpr qint64 MaxSocketBufferBytes = 64 << 20;
+// Once per process: the limit is the machine's, not the camera's.
+void warnOnceAboutReceiveBufferLimit(qint64 requestedBytes)
+{
+    static std::once_flag warned;
+    const QString warning = receiveBufferLimitWarning(requestedBytes, receiveBufferLimitBytes());
+    if (warning.isEmpty())
+        return;
+    std::call_once(warned, [&warning] {
+        static const quint64 category = Core::Logging::getCatId("zenta.viewer.cameraPool");
+        Core::Logging::createLogEntry(Core::Logging::LogLevelWarning, category, warning);
+    });
+}
 
 bool packetSocketAllowed()
 {
@@ -133,12 +148,10 @@ void CAravisCamera::createStreamLocked()
     if (!m_stream)
         throwGenICam(QStringLiteral("Aravis created no stream"));
     if (m_isGigE) {
-        // Aravis asks for one payload, but the kernel charges a datagram about twice its
-        // size: a stream thread that lags by one frame then loses packets. The kernel caps
-        // the request at net.core.rmem_max.
-        const qint64 socketBuffer = qBound<qint64>(MinSocketBufferBytes, 4 * qint64(payload), MaxSocketBufferBytes);
+        const qint64 socketBuffer = streamSocketBufferBytes(qint64(payload));
         g_object_set(m_stream, "socket-buffer", ARV_GV_STREAM_SOCKET_BUFFER_FIXED, "socket-buffer-size",
                      gint(socketBuffer), nullptr);
+        warnOnceAboutReceiveBufferLimit(socketBuffer);
     }
     const qint64 buffers = qMax<qint64>(1, m_maxNumBuffer.load());
     for (qint64 i = 0; i < buffers; ++i)
