@@ -4,6 +4,10 @@
 
 #include <QTemporaryDir>
 
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 using namespace CameraPool;
 
 namespace {
@@ -42,4 +46,31 @@ TEST(StreamSocketBuffer, ReadsTheKernelLimitAndWarnsOnlyBelowTheRequest)
     EXPECT_TRUE(warning.contains(QStringLiteral("net.core.rmem_max"))) << warning.toStdString();
     EXPECT_TRUE(receiveBufferLimitWarning(8 * MiB, 8 * MiB).isEmpty());
     EXPECT_TRUE(receiveBufferLimitWarning(8 * MiB, -1).isEmpty()) << "an unknown limit is no reason to warn";
+}
+
+TEST(StreamSocketBuffer, SetsTheBufferOfTheSocketOnTheGivenPortOnly)
+{
+    const int fd = ::socket(AF_INET, SOCK_DGRAM, 0);
+    ASSERT_GE(fd, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    socklen_t length = sizeof address;
+    ASSERT_EQ(::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length), 0);
+    const auto bufferOf = [fd] {
+        int size = 0;
+        socklen_t sizeLength = sizeof size;
+        ::getsockopt(fd, SOL_SOCKET, SO_RCVBUF, &size, &sizeLength);
+        return size;
+    };
+    const int before = bufferOf();
+
+    EXPECT_FALSE(setReceiveBufferOfLocalPort(quint16(ntohs(address.sin_port) + 1), 64 * 1024));
+    EXPECT_EQ(bufferOf(), before);
+    // The kernel doubles what it grants; 4 KiB is below every limit and every default.
+    EXPECT_TRUE(setReceiveBufferOfLocalPort(ntohs(address.sin_port), 4096));
+    EXPECT_NE(bufferOf(), before);
+    EXPECT_LE(bufferOf(), 2 * 4096);
+    ::close(fd);
 }

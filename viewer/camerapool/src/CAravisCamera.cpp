@@ -151,6 +151,7 @@ void CAravisCamera::createStreamLocked()
         const qint64 socketBuffer = streamSocketBufferBytes(qint64(payload));
         g_object_set(m_stream, "socket-buffer", ARV_GV_STREAM_SOCKET_BUFFER_FIXED, "socket-buffer-size",
                      gint(socketBuffer), nullptr);
+        setReceiveBufferOfLocalPort(arv_gv_stream_get_port(ARV_GV_STREAM(m_stream)), socketBuffer);
         warnOnceAboutReceiveBufferLimit(socketBuffer);
     }
     const qint64 buffers = qMax<qint64>(1, m_maxNumBuffer.load());

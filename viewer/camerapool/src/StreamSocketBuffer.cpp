@@ -1,6 +1,12 @@
 #include <camerapool/StreamSocketBuffer.h>
 
+#include <QDir>
 #include <QFile>
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+
+#include <limits>
 
 namespace CameraPool {
 
@@ -25,6 +31,28 @@ qint64 receiveBufferLimitBytes(const QString& limitFile)
     bool ok = false;
     const qint64 value = file.readAll().trimmed().toLongLong(&ok);
     return ok && value >= 0 ? value : -1;
+}
+
+bool setReceiveBufferOfLocalPort(quint16 localPort, qint64 bytes)
+{
+    const QStringList descriptors = QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::Files | QDir::System);
+    for (const QString& name : descriptors) {
+        bool ok = false;
+        const int fd = name.toInt(&ok);
+        if (!ok)
+            continue;
+        int type = 0;
+        socklen_t typeLength = sizeof type;
+        sockaddr_in address{};
+        socklen_t addressLength = sizeof address;
+        if (getsockopt(fd, SOL_SOCKET, SO_TYPE, &type, &typeLength) != 0 || type != SOCK_DGRAM
+            || getsockname(fd, reinterpret_cast<sockaddr*>(&address), &addressLength) != 0
+            || address.sin_family != AF_INET || ntohs(address.sin_port) != localPort)
+            continue;
+        const int size = int(qMin<qint64>(bytes, std::numeric_limits<int>::max()));
+        return setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &size, sizeof size) == 0;
+    }
+    return false;
 }
 
 QString receiveBufferLimitWarning(qint64 requestedBytes, qint64 limitBytes)
