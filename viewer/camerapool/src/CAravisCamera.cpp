@@ -8,7 +8,7 @@
 
 #include <camerapool/Aravis.h>
 
-#include <mutex>
+#include <atomic>
 
 namespace CameraPool {
 
@@ -31,14 +31,14 @@ void controlLostCallback(ArvDevice*, gpointer userData)
 // Once per process: the limit is the machine's, not the camera's.
 void warnOnceAboutReceiveBufferLimit(qint64 requestedBytes)
 {
-    static std::once_flag warned;
-    const QString warning = receiveBufferLimitWarning(requestedBytes, receiveBufferLimitBytes());
-    if (warning.isEmpty())
+    static std::atomic<bool> warned{false};
+    if (warned.load())
         return;
-    std::call_once(warned, [&warning] {
-        static const quint64 category = Core::Logging::getCatId("zenta.viewer.cameraPool");
-        Core::Logging::createLogEntry(Core::Logging::LogLevelWarning, category, warning);
-    });
+    const QString warning = receiveBufferLimitWarning(requestedBytes, receiveBufferLimitBytes());
+    if (warning.isEmpty() || warned.exchange(true))
+        return;
+    static const quint64 category = Core::Logging::getCatId("zenta.viewer.cameraPool");
+    Core::Logging::createLogEntry(Core::Logging::LogLevelWarning, category, warning);
 }
 
 bool packetSocketAllowed()
