@@ -366,7 +366,13 @@ void BandwidthDialog::onOptimizedGigECamera(BandwidthTreeWidget::SOptimizationRe
         text += tr("<br>The <b>Packet Size</b> setting could not be optimized. A default value of 1500 has been "
                    "set.");
 
-    setResultLine(text, InfoIcon);
+    // A camera that stopped answering during the run is named, so that the
+    // main text is not read as covering it too.
+    if (!result.unsetCameras.isEmpty())
+        text += tr("<br>These cameras did not answer and could not be set: %1")
+                    .arg(result.unsetCameras.join(QStringLiteral(", ")).toHtmlEscaped());
+
+    setResultLine(text, result.unsetCameras.isEmpty() ? InfoIcon : WarningIcon);
     updateButtons();
 }
 

@@ -17,6 +17,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -44,6 +45,8 @@ public:
         bool tooManyCameras = false;
         bool packetSizeDefaulted = false;
         double usedBandwidth = -1.0;
+        // Names of the cameras that did not answer and were left as they were.
+        QStringList unsetCameras;
     };
 
     explicit BandwidthTreeWidget(QWidget* parent = nullptr);
@@ -121,6 +124,9 @@ private:
     double adapterBandwidth(const FlatTreeItem& adapter);
     SOptimizationResult optimizeCameras(const std::vector<FlatTreeItemID>& cameraIds, double budget);
     SOptimizationResult optimizeCamera(FlatTreeItemID id, double share, quint32 index);
+    std::vector<FlatTreeItemID> servingOrder(const std::vector<FlatTreeItemID>& cameraIds);
+    std::vector<FlatTreeItemID> quietCameras(const std::vector<FlatTreeItemID>& cameraIds);
+    void restoreDelay(FlatTreeItemID id);
 
     FlatTree* flatTree = nullptr;
     MeasuringCameraSet* cameras = nullptr;
@@ -132,6 +138,8 @@ private:
     QSignalMapper optimizeMapper;
     Core::Plugin::PluginManagerWeakPtr services;
     NetworkConfigFactory networkConfigFactory;
+    // Inter-packet delays as they were when the running optimisation began.
+    std::map<FlatTreeItemID, qint64> m_delaysBeforeRun;
 };
 
 Q_DECLARE_METATYPE(BandwidthTreeWidget::SOptimizationResult)

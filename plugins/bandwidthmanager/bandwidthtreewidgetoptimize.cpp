@@ -7,6 +7,7 @@
 #include "bandwidthmeasuringcameragige.h"
 #include "devicelinkthroughputlimiteditor.h"
 #include "flattree.h"
+#include "framepacer.h"
 
 #include <Core/Logging/Logging.h>
 #include <GenICam/GenericException.h>
@@ -20,7 +21,9 @@
 #include <cmath>
 #include <limits>
 
+using Plugin::BandwidthManager::CBandwidthMeasuringCamera;
 using Plugin::BandwidthManager::CBandwidthMeasuringCameraGigE;
+using Plugin::BandwidthManager::CFramePacer;
 
 namespace {
 
@@ -185,38 +188,122 @@ double BandwidthTreeWidget::adapterBandwidth(const FlatTreeItem& adapter)
     return DefaultLinkSpeed;
 }
 
+std::vector<FlatTreeItemID> BandwidthTreeWidget::servingOrder(const std::vector<FlatTreeItemID>& cameraIds)
+{
+    if (cameraIds.size() < 2)
+        return cameraIds;
+    // Each camera is asked once: a read moves its delay for a moment, and two
+    // reads that differ would make the order inconsistent for the sort.
+    std::vector<std::pair<qint64, FlatTreeItemID>> keyed;
+    for (FlatTreeItemID id : cameraIds) {
+        auto* pCamera = dynamic_cast<CBandwidthMeasuringCameraGigE*>(flatTree->item(id).measuringCamera);
+        if (!pCamera)
+            throw GenICam_3_1_Dorvik_zenta::RuntimeException("Invalid camera object received.", __FILE__, __LINE__);
+        keyed.emplace_back(pCamera->getMaximumThroughput(), id);
+    }
+    std::sort(keyed.begin(), keyed.end(),
+              [](const auto& left, const auto& right) { return left.first < right.first; });
+    std::vector<FlatTreeItemID> sorted;
+    for (const auto& entry : keyed)
+        sorted.push_back(entry.second);
+    return sorted;
+}
+
+// The link is taken below its capacity before the first probe: on an
+// overloaded link the probe's test packets are dropped with the rest, and it
+// settles on a smaller packet size than the path carries. Gives back the
+// cameras that did not answer.
+std::vector<FlatTreeItemID> BandwidthTreeWidget::quietCameras(const std::vector<FlatTreeItemID>& cameraIds)
+{
+    m_delaysBeforeRun.clear();
+    std::vector<FlatTreeItemID> silent;
+    for (FlatTreeItemID id : cameraIds) {
+        const CBandwidthMeasuringCamera* pCamera = flatTree->item(id).measuringCamera;
+        const ParameterCollection::ParameterCollectionPtr ptrParameters = pCamera ? pCamera->getParameters() : ParameterCollection::ParameterCollectionPtr();
+        if (!ptrParameters)
+            continue;
+        try {
+            const ParameterCollection::IntegerParameterPtr ptrDelay = ptrParameters->getIntegerParameter(QStringLiteral("GevSCPD"));
+            if (!ptrDelay || ptrDelay->isNull())
+                continue;
+            if (ptrDelay->isReadable())
+                m_delaysBeforeRun[id] = ptrDelay->getValue();
+            if (ptrDelay->isWritable()) {
+                ptrDelay->trySetToMaximum();
+            } else {
+                const ParameterCollection::IntegerParameterPtr ptrLimit =
+                    ptrParameters->getIntegerParameter(QStringLiteral("DeviceLinkThroughputLimit"));
+                if (ptrLimit && !ptrLimit->isNull() && ptrLimit->isWritable())
+                    ptrLimit->trySetToMinimum();
+            }
+        } catch (...) {
+            logCurrentException("Unknown exception occurred while optimizing bandwidth.");
+            silent.push_back(id);
+        }
+    }
+    return silent;
+}
+
 BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCameras(const std::vector<FlatTreeItemID>& cameraIds,
                                                                                double budget)
 {
     SOptimizationResult result;
     double remaining = budget;
+    std::vector<FlatTreeItemID> sorted;
     try {
-        std::vector<FlatTreeItemID> sorted = cameraIds;
-        // Asked anew at every comparison: each read briefly moves the camera's delay.
-        std::sort(sorted.begin(), sorted.end(), [this](FlatTreeItemID left, FlatTreeItemID right) {
-            auto* pLeft = dynamic_cast<CBandwidthMeasuringCameraGigE*>(flatTree->item(left).measuringCamera);
-            auto* pRight = dynamic_cast<CBandwidthMeasuringCameraGigE*>(flatTree->item(right).measuringCamera);
-            if (!pLeft || !pRight)
-                throw GenICam_3_1_Dorvik_zenta::RuntimeException("Invalid camera object received.", __FILE__, __LINE__);
-            return pLeft->getMaximumThroughput() < pRight->getMaximumThroughput();
-        });
+        sorted = servingOrder(cameraIds);
+    } catch (...) {
+        logCurrentException("Unknown exception occurred while optimizing bandwidth.");
+        return result;
+    }
+    const std::vector<FlatTreeItemID> silent = quietCameras(sorted);
 
-        quint32 index = 0;
-        for (FlatTreeItemID id : sorted) {
-            const double share = remaining / double(sorted.size() - index);
-            const SOptimizationResult partial = optimizeCamera(id, share, index);
-            ++index;
-            merge(result, partial);
-            if (partial.usedBandwidth >= 0.0) {
-                remaining -= partial.usedBandwidth;
-                // Starts at -1, so the sum stands one below the true one; kept as it is.
-                result.usedBandwidth = partial.usedBandwidth + result.usedBandwidth;
+    quint32 index = 0;
+    for (FlatTreeItemID id : sorted) {
+        const double share = remaining / double(sorted.size() - index);
+        SOptimizationResult partial;
+        // A camera that stops answering is passed over: the cameras after it
+        // still need their share, or the link keeps overflowing.
+        bool answered = std::find(silent.begin(), silent.end(), id) == silent.end();
+        if (answered) {
+            try {
+                partial = optimizeCamera(id, share, index);
+            } catch (...) {
+                logCurrentException("Unknown exception occurred while optimizing bandwidth.");
+                answered = false;
+                restoreDelay(id);
             }
         }
+        ++index;
+        if (!answered) {
+            result.unsetCameras << flatTree->item(id).text;
+            continue;
+        }
+        merge(result, partial);
+        if (partial.usedBandwidth >= 0.0) {
+            remaining -= partial.usedBandwidth;
+            // Starts at -1, so the sum stands one below the true one; kept as it is.
+            result.usedBandwidth = partial.usedBandwidth + result.usedBandwidth;
+        }
+    }
+    m_delaysBeforeRun.clear();
+    return result;
+}
+
+void BandwidthTreeWidget::restoreDelay(FlatTreeItemID id)
+{
+    const auto before = m_delaysBeforeRun.find(id);
+    const CBandwidthMeasuringCamera* pCamera = flatTree->item(id).measuringCamera;
+    if (before == m_delaysBeforeRun.end() || !pCamera || !pCamera->getParameters())
+        return;
+    try {
+        const ParameterCollection::IntegerParameterPtr ptrDelay =
+            pCamera->getParameters()->getIntegerParameter(QStringLiteral("GevSCPD"));
+        if (ptrDelay && !ptrDelay->isNull())
+            ptrDelay->trySetValue(before->second);
     } catch (...) {
         logCurrentException("Unknown exception occurred while optimizing bandwidth.");
     }
-    return result;
 }
 
 BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCamera(FlatTreeItemID id, double share,
@@ -250,26 +337,43 @@ BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCamera(Fla
     result.frameTransmissionDelayChanged = quint64(wasSet) != delay;
 
     const int megabytes = flooredMegabytes(share);
+    const auto delayBeforeRun = m_delaysBeforeRun.find(id);
     qint64 valueBefore = 0;
     qint64 valueAfter = 0;
     qint64 throughput = -1;
     bool reached = false;
     if (auto* pLimiter = qobject_cast<BandwidthLimiterInterPacketDelay*>(item.editor)) {
-        valueBefore = pLimiter->getInterPacketDelay();
+        valueBefore = delayBeforeRun != m_delaysBeforeRun.end() ? delayBeforeRun->second : pLimiter->getInterPacketDelay();
         pLimiter->setValue(megabytes);
         reached = pLimiter->isAtMaximum();
         valueAfter = pLimiter->getInterPacketDelay();
         throughput = pLimiter->getCurrentThroughput();
+        if (valueAfter == -1 && throughput == -1)
+            throw GenICam_3_1_Dorvik_zenta::RuntimeException("The camera did not answer.", __FILE__, __LINE__);
+        // Water filling hands a camera that needs less than its share the whole
+        // share, which the search cannot reach: left at its smallest delay it
+        // would send every frame at line rate on top of the others' paced
+        // traffic and overflow the switch. It is paced instead, and charged
+        // with the rate at which it sends while it sends.
+        const qint64 paced = CFramePacer(pCamera->getParameters()).pace(qint64(share * 1e6));
+        if (paced > 0) {
+            valueAfter = pLimiter->getInterPacketDelay();
+            throughput = paced;
+        }
     } else if (auto* pDeviceLink = qobject_cast<DeviceLinkThroughputLimitEditor*>(item.editor)) {
         const ParameterCollection::ParameterCollectionPtr ptrParameters = pCamera->getParameters();
         const QString delayName = QStringLiteral("GevSCPD");
-        valueBefore = integerValueOr(ptrParameters, delayName, -1);
+        valueBefore = delayBeforeRun != m_delaysBeforeRun.end() ? delayBeforeRun->second
+                                                                : integerValueOr(ptrParameters, delayName, -1);
         // A 32-bit product that wraps above 2147 MB/s, as the editor's own unit does.
         pDeviceLink->setValue(int(quint32(megabytes) * 1000000u));
         reached = pDeviceLink->isAtMaximum();
         valueAfter = integerValueOr(ptrParameters, delayName, -1);
         throughput = integerValueOr(ptrParameters, QStringLiteral("DeviceLinkThroughputLimit"), -1);
+        if (valueAfter == -1 && throughput == -1)
+            throw GenICam_3_1_Dorvik_zenta::RuntimeException("The camera did not answer.", __FILE__, __LINE__);
     } else {
+        restoreDelay(id);
         return result;
     }
     result.tooManyCameras = reached;

@@ -430,6 +430,22 @@ INSTANTIATE_TEST_SUITE_P(
                     "setting could not be optimized. A default value of 1500 has been set."}),
     [](const ::testing::TestParamInfo<SResultCase>& info) { return std::string(info.param.name); });
 
+TEST_F(BandwidthDialogTest, ResultLineNamesCamerasThatCouldNotBeSetWithAWarning)
+{
+    auto* tree = new CScriptedTree;
+    tree->cameras = 2;
+    const auto dialog = makeDialog(tree);
+    BandwidthTreeWidget::SOptimizationResult result;
+    result.interPacketDelayChanged = true;
+    result.unsetCameras = QStringList{QStringLiteral("cam<2>"), QStringLiteral("cam3")};
+    emit tree->optimizedGigECamera(result);
+
+    EXPECT_EQ(widget<QLabel>(dialog, "labelHintText2")->text(),
+              QStringLiteral("The <b>Inter-Packet Delay</b> setting has been optimized<br>These cameras did not answer "
+                             "and could not be set: cam&lt;2&gt;, cam3"));
+    EXPECT_EQ(widget<QLabel>(dialog, "labelHintIcon2")->pixmap(Qt::ReturnByValue).toImage(), expectedIcon(WarningIcon));
+}
+
 TEST_F(BandwidthDialogTest, RemarksFollowInTheirOrder)
 {
     auto* tree = new CScriptedTree;

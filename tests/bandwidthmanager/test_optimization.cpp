@@ -26,6 +26,7 @@
 
 #include <arpa/inet.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <memory>
@@ -64,6 +65,8 @@ struct SCameraScript
     qint64 packetSize = 1500;
     qint64 probed = 1500;
     bool measured = true;
+    // A frame rate that keeps the camera below this, in MB/s; 0 for none.
+    double frameBoundMBs = 0.0;
 };
 
 // The network layer over in-memory seams: adapters with an address and a link speed.
@@ -163,7 +166,7 @@ public:
         collection->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
         collection->addInteger(QStringLiteral("GevSCPD"), 0, 0, 100000);
         collection->addInteger(QStringLiteral("GevSCDCT"), 0, 0, 1000000000, 1, "RO");
-        setThroughputLaw(collection, script.maximumMBs);
+        setThroughputLaw(collection, script.maximumMBs, script.frameBoundMBs);
         collection->addInteger(QStringLiteral("GevSCPSPacketSize"), script.packetSize, 576, 9000);
         collection->addInteger(QStringLiteral("GevSCFTD"), 0, 0, 1000000000);
         collection->addCommand(QStringLiteral("@StreamGrabber0/ProbePacketSize"));
@@ -175,13 +178,16 @@ public:
         return collection;
     }
 
-    // Throughput at delay d is maximum * 1000 / (1000 + d): the device's own figure.
-    static void setThroughputLaw(const QSharedPointer<CScriptedParameterCollection>& collection, double maximumMBs)
+    // Throughput at delay d is maximum * 1000 / (1000 + d), capped by the
+    // frame rate where there is one: the device's own figure.
+    static void setThroughputLaw(const QSharedPointer<CScriptedParameterCollection>& collection, double maximumMBs,
+                                 double frameBoundMBs = 0.0)
     {
         CScriptedParameterCollection* raw = collection.data();
-        collection->setValueLaw(QStringLiteral("GevSCDCT"), [raw, maximumMBs] {
+        collection->setValueLaw(QStringLiteral("GevSCDCT"), [raw, maximumMBs, frameBoundMBs] {
             const qint64 delay = raw->value(QStringLiteral("GevSCPD")).toLongLong();
-            return QVariant(qint64(maximumMBs * 1e6 * 1000.0 / (1000.0 + double(delay))));
+            const double link = maximumMBs * 1e6 * 1000.0 / (1000.0 + double(delay));
+            return QVariant(qint64(frameBoundMBs > 0.0 ? std::min(link, frameBoundMBs * 1e6) : link));
         });
     }
 
@@ -219,6 +225,8 @@ struct SShareCase
     std::vector<std::vector<int>> limiterValues;
     std::vector<qint64> frameDelays;
     double usedBandwidth;
+    // GevSCPD after the run, where the case states it.
+    std::vector<qint64> packetDelays = {};
 };
 
 class Shares : public OptimizationTest, public ::testing::WithParamInterface<SShareCase>
@@ -239,6 +247,9 @@ TEST_P(Shares, fillTheBudgetFromTheSlowestCamera)
         SCOPED_TRACE(camera);
         EXPECT_EQ(limiters[camera]->values, c.limiterValues[camera]);
         EXPECT_EQ(value(camera, "GevSCFTD"), c.frameDelays[camera]);
+        if (!c.packetDelays.empty()) {
+            EXPECT_NEAR(value(camera, "GevSCPD"), c.packetDelays[camera], 1);
+        }
     }
     EXPECT_NEAR(result.usedBandwidth, c.usedBandwidth, 0.2);
     EXPECT_FALSE(result.frameTransmissionDelayChanged) << "left out of the merge";
@@ -259,7 +270,12 @@ INSTANTIATE_TEST_SUITE_P(
                    {{112}, {56}}, {1518, 0}, 112.0 - 1.0},
         SShareCase{"a_share_below_one_megabyte_reaches_the_limiter_as_0", 8000000, {{}}, {}, {{0}}, {0}, 2.97 - 1.0},
         SShareCase{"packet_size_8192_staggers_the_second_camera_by_8210",
-                   1000000000, {{100.0, 1500, 8192}, {100.0, 1500, 8192}}, {}, {{56}, {56}}, {0, 8210}, 111.0}),
+                   1000000000, {{100.0, 1500, 8192}, {100.0, 1500, 8192}}, {}, {{56}, {56}}, {0, 8210}, 111.0},
+        // Frame-bound at 20 MB/s, it is paced to 20 / 0.8 = 25 MB/s (delay 300 * 1000 / 25 - 1000) and
+        // charged that much, so the other camera gets 112.5 - 25.
+        SShareCase{"a_camera_below_its_share_is_paced_over_most_of_its_frame_period",
+                   1000000000, {{300.0, 1500, 1500, true, 20.0}, {300.0}}, {}, {{56}, {87}}, {0, 1518},
+                   25.0 + 87.0 - 1.0, {11000, 2448}}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
 struct SProbeCase
@@ -307,6 +323,50 @@ INSTANTIATE_TEST_SUITE_P(
         SProbeCase{"probe_raising_1500_to_9000", 1500, 9000, {}, 9000, true, false, false},
         SProbeCase{"probe_leaving_1500_alone", 1500, 1500, {}, 1500, false, true, false}),
     [](const auto& info) { return std::string(info.param.scenario); });
+
+TEST_F(OptimizationTest, everyCameraIsAskedOnceAndTheLinkIsQuietBeforeTheFirstProbe)
+{
+    network.add("192.0.2.7", 1000000000);
+    build({{300.0}, {50.0}, {100.0}});
+    std::vector<int> readsBefore;
+    for (const auto& collection : collections)
+        readsBefore.push_back(collection->readCount("GevSCDCT"));
+    std::vector<qint64> delaysAtFirstProbe;
+    std::vector<int> readsAtFirstProbe;
+    collections[1]->setAfterWrite("@StreamGrabber0/ProbePacketSize", [&](const QVariant&) {
+        for (size_t camera = 0; camera < collections.size(); ++camera) {
+            delaysAtFirstProbe.push_back(value(camera, "GevSCPD"));
+            readsAtFirstProbe.push_back(collections[camera]->readCount("GevSCDCT") - readsBefore[camera]);
+        }
+    });
+
+    optimizeAll();
+
+    EXPECT_EQ(readsAtFirstProbe, (std::vector<int>{1, 1, 1})) << "one throughput read per camera for the order";
+    EXPECT_EQ(delaysAtFirstProbe, (std::vector<qint64>{100000, 100000, 100000})) << "every camera at its largest delay";
+}
+
+TEST_F(OptimizationTest, cameraThatStopsAnsweringIsPassedOverAndNamed)
+{
+    network.add("192.0.2.7", 1000000000);
+    build({{300.0}, {50.0}, {100.0}});
+    // gev-3 is served second; it dies while gev-2, the first, is probed.
+    collections[1]->setAfterWrite("@StreamGrabber0/ProbePacketSize", [&](const QVariant&) {
+        for (const char* node : {"GevSCPD", "GevSCDCT", "GevSCPSPacketSize", "GevSCFTD"}) {
+            collections[2]->failNext(node, ParameterFakes::EScriptedAccess::Read, 1000);
+            collections[2]->failNext(node, ParameterFakes::EScriptedAccess::Write, 1000);
+        }
+        collections[2]->failNext("@StreamGrabber0/ProbePacketSize", ParameterFakes::EScriptedAccess::Write, 1000);
+    });
+
+    const Result result = optimizeAll();
+
+    EXPECT_EQ(result.unsetCameras, QStringList{item("gev-3").text});
+    EXPECT_EQ(limiters[1]->values, std::vector<int>{37});
+    EXPECT_TRUE(limiters[2]->values.empty());
+    EXPECT_EQ(limiters[0]->values, std::vector<int>{75}) << "the last camera is still served, with the rest";
+    EXPECT_EQ(value(0, "GevSCFTD"), 2 * 1518) << "its place in the order is kept";
+}
 
 TEST_F(OptimizationTest, unmeasuredCameraAmongTwoStopsTheAdapterInTheSortButTheSignalGoesOut)
 {
