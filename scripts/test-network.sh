@@ -11,7 +11,8 @@
 #
 # Needs root (CAP_NET_ADMIN). COMMAND sees BWM_NET_TAP, BWM_NET_HOST,
 # BWM_NET_CAMERAS (space-separated), BWM_NET_NS, BWM_NET_STATS (the link
-# program's counters, rewritten every 0.2 s) and BWM_NET_LINK_PID.
+# program's counters, rewritten every 0.2 s), BWM_NET_LINK_PID and
+# BWM_NET_CAMERA_PIDS (space-separated, in the order of BWM_NET_CAMERAS).
 #
 # Options:
 #   --cameras N          cameras (3)
@@ -23,6 +24,10 @@
 #   --emulator PATH      camera program (DIR/bin/gige-emulator, else
 #                        arv-fake-gv-camera-0.8)
 #   --camera-args "A"    more options for every emulator (word-split)
+#   --camera-args-for I "A"  more options for camera I only (1-based), after
+#                        the common ones; repeatable
+#   --serial-prefix P    camera serials P0001, P0002, ... (NET); two networks
+#                        side by side need different prefixes
 #   --env-file PATH      also write the BWM_NET_* values there
 #   --log-dir DIR        keep the programs' output there (a temporary folder)
 #   --camera-nice N      run the emulators at this niceness (0); negative values
@@ -31,7 +36,8 @@ set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cameras=3 mtu=1500 link_mbps=1000 camera_mbps=1000 queue_bytes=262144
-build=$root/build emulator="" camera_args="" env_file="" log_dir="" camera_nice=0
+build=$root/build emulator="" camera_args="" env_file="" log_dir="" camera_nice=0 serial_prefix=NET
+declare -A camera_args_for=()
 
 usage() { sed -n '2,/^set -euo/p' "${BASH_SOURCE[0]}" | sed '$d; s/^# \{0,1\}//'; }
 die() { echo "test-network: $*" >&2; exit 2; }
@@ -46,6 +52,8 @@ while [ $# -gt 0 ]; do
     --build) build=$2; shift 2 ;;
     --emulator) emulator=$2; shift 2 ;;
     --camera-args) camera_args=$2; shift 2 ;;
+    --camera-args-for) camera_args_for[$2]=$3; shift 3 ;;
+    --serial-prefix) serial_prefix=$2; shift 2 ;;
     --env-file) env_file=$2; shift 2 ;;
     --log-dir) log_dir=$2; shift 2 ;;
     --camera-nice) camera_nice=$2; shift 2 ;;
@@ -154,12 +162,12 @@ done
 i=0
 for addr in "${camera_ips[@]}"; do
   i=$((i + 1))
-  serial=$(printf 'NET%04d' "$i")
+  serial=$(printf '%s%04d' "$serial_prefix" "$i")
   # shellcheck disable=SC2086
   case $(basename "$emulator") in
     arv-fake-gv-camera*) cmd=("$emulator" -i "$addr" -s "$serial") ;;
     *) cmd=("$emulator" --address "$addr" --serial "$serial" --user-id "cam$i"
-            --link-mbps "$camera_mbps" $camera_args) ;;
+            --link-mbps "$camera_mbps" $camera_args ${camera_args_for[$i]:-}) ;;
   esac
   nice -n "$camera_nice" ip netns exec "$ns" "${cmd[@]}" >"$log_dir/camera$i.log" 2>&1 &
   camera_pids+=($!)
@@ -176,13 +184,12 @@ for idx in "${!camera_pids[@]}"; do
 done
 
 export BWM_NET_TAP=$tap BWM_NET_HOST=$host_ip BWM_NET_CAMERAS="${camera_ips[*]}"
-export BWM_NET_NS=$ns BWM_NET_STATS=$stats BWM_NET_LINK_PID=$link_pid
+export BWM_NET_NS=$ns BWM_NET_STATS=$stats BWM_NET_LINK_PID=$link_pid BWM_NET_CAMERA_PIDS="${camera_pids[*]}"
 if [ -n "$env_file" ]; then
   {
-    for v in BWM_NET_TAP BWM_NET_HOST BWM_NET_CAMERAS BWM_NET_NS BWM_NET_STATS BWM_NET_LINK_PID; do
+    for v in BWM_NET_TAP BWM_NET_HOST BWM_NET_CAMERAS BWM_NET_NS BWM_NET_STATS BWM_NET_LINK_PID BWM_NET_CAMERA_PIDS; do
       printf '%s=%q\n' "$v" "${!v}"
     done
-    printf 'BWM_NET_CAMERA_PIDS=%q\n' "${camera_pids[*]}"
   } >"$env_file.tmp"
   mv "$env_file.tmp" "$env_file"
 fi

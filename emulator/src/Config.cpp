@@ -49,6 +49,7 @@ Emulates one GigE Vision camera: GVCP on A:3956, GVSP paced by a model of its li
   --dump-xml PATH          write the description to PATH and exit
   --strict-writes          refuse out-of-range writes instead of clamping them
   --allow-fragmentation    let the kernel fragment while do-not-fragment is clear
+  --gvcp-latency-us N      answer each control command N us late, as a real camera does (0)
   --log gvcp,gvsp          trace messages on stderr
   --stats S                print counters every S seconds
   --help                   this text
@@ -139,6 +140,7 @@ SParseResult parseCommandLine(const std::vector<std::string>& args)
              return true;
          })},
         {"--stats", real(c.statsSeconds, 0.0, 3600.0)},
+        {"--gvcp-latency-us", u32(c.gvcpLatencyUs, 0, 1000000)},
     };
     const std::map<std::string, bool*> flags = {
         {"--xml-zip", &c.xmlZip},

@@ -38,6 +38,8 @@ struct SConfig {
     bool strictWrites = false;
     bool allowFragmentation = false;
     bool logGvcp = false;
+    // Delay before each control answer, as a camera's firmware takes.
+    std::uint32_t gvcpLatencyUs = 0;
     bool logGvsp = false;
     double statsSeconds = 0.0;
 };

@@ -4,6 +4,7 @@
 #include "Protocol.h"
 
 #include <algorithm>
+#include <chrono>
 #include <arpa/inet.h>
 #include <cerrno>
 #include <cstdio>
@@ -11,6 +12,7 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <thread>
 #include <unistd.h>
 
 namespace gigeemu {
@@ -96,6 +98,8 @@ void CGvcpServer::receive(int fd, bool viaBroadcast)
     const auto reply = m_device.handle(buf, std::size_t(n), peer, viaBroadcast);
     if (!reply)
         return;
+    if (m_config.gvcpLatencyUs > 0 && !viaBroadcast)
+        std::this_thread::sleep_for(std::chrono::microseconds(m_config.gvcpLatencyUs));
     sockaddr_in to{};
     to.sin_family = AF_INET;
     to.sin_addr.s_addr = htonl(reply->to.ip);

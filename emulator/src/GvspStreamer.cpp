@@ -13,10 +13,17 @@ namespace gigeemu {
 namespace {
 constexpr std::size_t kBatch = 64;
 constexpr std::size_t kMaxQueuedFrames = 4;
-// How far a late wake-up may catch up on the link schedule. A real camera's
-// pacing is exact; ours must not turn scheduling delays into bursts that no
-// camera sends, so time beyond this is lost instead.
+// How far a late wake-up may catch up on the link schedule at once. A real
+// camera's pacing is exact; ours must not turn scheduling delays into bursts
+// that no camera sends.
 constexpr double kMaxCatchUpNs = 500e3;
+// Time beyond that is not lost but owed, and paid back with every packet by
+// at most 8 % of its interval: the camera keeps its frame rate through the
+// scheduling noise of a busy machine, and is never more than 9 % faster than
+// its pacing, which a switch short of full load absorbs. Older debt than
+// kMaxDebtNs is written off.
+constexpr double kMaxDebtNs = 20e6;
+constexpr double kRepayShare = 0.08;
 constexpr std::int64_t kMinSleepNs = 50000;
 constexpr std::uint32_t kMaxResendRange = 4096;
 constexpr std::uint32_t kToTrailer = 0xFFFFFF;
@@ -257,6 +264,12 @@ void CGvspStreamer::sendDue(std::int64_t nowNs, const SStreamSettings& s)
 {
     const double now = double(nowNs);
     const double gap = s.gapSeconds * 1e9;
+    // Only a frame that waited is owed time: an idle link owes nothing.
+    if (!m_frames.empty()) {
+        const double due = std::max(m_linkFreeNs, m_frames.front().startNs);
+        if (due < now - kMaxCatchUpNs)
+            m_debtNs = std::min(kMaxDebtNs, m_debtNs + (now - kMaxCatchUpNs - due));
+    }
     m_linkFreeNs = std::max(m_linkFreeNs, now - kMaxCatchUpNs);
     for (;;) {
         if (m_batch.size() == kBatch)
@@ -285,7 +298,10 @@ void CGvspStreamer::sendDue(std::int64_t nowNs, const SStreamSettings& s)
         if (departure > now)
             break;
         const std::uint32_t ipSize = CPacketiser::datagramSize(f.info, f.nextPacket) + kIpUdpOverhead;
-        m_linkFreeNs = departure + m_link.wireSeconds(ipSize) * 1e9 + gap;
+        const double interval = m_link.wireSeconds(ipSize) * 1e9 + gap;
+        const double repay = std::min(m_debtNs, interval * kRepayShare);
+        m_debtNs -= repay;
+        m_linkFreeNs = departure + interval - repay;
         if (m_config.lossRatio > 0 && m_uniform(m_random) < m_config.lossRatio) {
             ++m_counters.droppedByLoss;
         } else {

@@ -92,6 +92,8 @@ private:
     double m_nextExposureNs = 0;
     double m_lastExposureNs = -1e30;
     double m_linkFreeNs = 0;
+    // Link time lost to late wake-ups and not yet paid back.
+    double m_debtNs = 0;
     std::uint16_t m_nextBlockId = 1;
     std::deque<SQueuedFrame> m_frames;
     std::deque<SFrameInfo> m_history;

@@ -110,30 +110,36 @@ void BandwidthLimiterInterPacketDelay::setValue(int value)
 
 void BandwidthLimiterInterPacketDelay::onValueChanged(int value)
 {
+    const int reached = applyWish(value);
+    if (reached >= 0)
+        ComboSlider::setValue(reached);
+}
+
+int BandwidthLimiterInterPacketDelay::applyWish(int value)
+{
     try {
         if (!isReadable(m_ptrThroughput) || !isWritable(m_ptrDelay) || !m_ptrDelay->isReadable()) {
             log(Core::Logging::LogLevelFailure, QStringLiteral("Couldn't apply values to camera."));
-            return;
+            return -1;
         }
     } catch (...) {
         logCurrentException(QStringLiteral("applying value to camera"));
-        return;
+        return -1;
     }
     try {
-        applyValue(value);
+        return searchDelay(value);
     } catch (...) {
         logCurrentException(QStringLiteral("applying value to camera"));
+        return -1;
     }
 }
 
-void BandwidthLimiterInterPacketDelay::applyValue(int wish)
+int BandwidthLimiterInterPacketDelay::searchDelay(int wish)
 {
     const qint64 target = qint64(wish) * 1000000;
     qint64 throughput = m_ptrThroughput->getValue();
-    if (toMegabytes(throughput) == wish) {
-        ComboSlider::setValue(wish);
-        return;
-    }
+    if (toMegabytes(throughput) == wish)
+        return wish;
 
     // Bisection on the delay, from the delay the camera has now.
     qint64 low = m_ptrDelay->getMin();
@@ -163,7 +169,7 @@ void BandwidthLimiterInterPacketDelay::applyValue(int wish)
     if (m_ptrThroughput->getValue() != reached)
         m_ptrDelay->setValueVerified(foundDelay, true);
 
-    ComboSlider::setValue(int(toMegabytes(throughput)));
+    return int(toMegabytes(throughput));
 }
 
 qint64 BandwidthLimiterInterPacketDelay::getInterPacketDelay()

@@ -20,6 +20,10 @@ public:
     qint64 getCurrentThroughput();
     // True when the delay has no room left to slow the camera down.
     bool isAtMaximum();
+    // The search for a wish in MB/s on the camera alone, without the widget,
+    // so that it may run away from the window's thread. Gives the MB/s
+    // reached, or -1 when the camera could not be set (logged).
+    virtual int applyWish(int value);
 
 public slots:
     void setValue(int value) override;
@@ -27,7 +31,7 @@ public slots:
 
 private:
     void initRange();
-    void applyValue(int wish);
+    int searchDelay(int wish);
 
     ParameterCollection::ParameterCollectionPtr m_ptrParameters;
     ParameterCollection::IntegerParameterPtr m_ptrDelay;

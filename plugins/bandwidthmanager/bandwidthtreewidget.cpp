@@ -236,6 +236,8 @@ void BandwidthTreeWidget::clear()
 
 void BandwidthTreeWidget::refreshTree()
 {
+    if (deferredWhileOptimizing([this] { refreshTree(); }))
+        return;
     try {
         const std::vector<Plugin::BandwidthManager::CBandwidthMeasuringCamera*> measuring = cameras->cameras;
         for (Plugin::BandwidthManager::CBandwidthMeasuringCamera* camera : measuring) {
@@ -429,6 +431,8 @@ bool BandwidthTreeWidget::stopCameraByKey(const QString& key)
 
 void BandwidthTreeWidget::removeCameraByKey(const QString& key)
 {
+    if (deferredWhileOptimizing([this, key] { removeCameraByKey(key); }))
+        return;
     const FlatTreeItemID id = flatTree->findByKey(key);
     if (id == 0)
         return;
@@ -504,6 +508,9 @@ void BandwidthTreeWidget::refreshAllRows()
 
 void BandwidthTreeWidget::updateSamples()
 {
+    // The next tick after the run samples again; the rows are the run's meanwhile.
+    if (m_optimizing)
+        return;
     flatTree->sampleAll();
     refreshAllRows();
 }
@@ -523,6 +530,8 @@ void BandwidthTreeWidget::resetStatistics()
 
 void BandwidthTreeWidget::startAcquisition()
 {
+    if (deferredWhileOptimizing([this] { startAcquisition(); }))
+        return;
     flatTree->resetSamples();
     refreshAllRows();
     cameras->running = true;
@@ -538,6 +547,8 @@ void BandwidthTreeWidget::startAcquisition()
 
 void BandwidthTreeWidget::stopAcquisition()
 {
+    if (deferredWhileOptimizing([this] { stopAcquisition(); }))
+        return;
     cameras->running = false;
     for (Plugin::BandwidthManager::CBandwidthMeasuringCamera* camera : cameras->cameras) {
         if (camera->isMeasuring())

@@ -127,6 +127,9 @@ private:
     std::vector<FlatTreeItemID> servingOrder(const std::vector<FlatTreeItemID>& cameraIds);
     std::vector<FlatTreeItemID> quietCameras(const std::vector<FlatTreeItemID>& cameraIds);
     void restoreDelay(FlatTreeItemID id);
+    // True, and the call kept for after the run, while an optimisation's
+    // worker reads the rows.
+    bool deferredWhileOptimizing(std::function<void()> call);
 
     FlatTree* flatTree = nullptr;
     MeasuringCameraSet* cameras = nullptr;
@@ -140,6 +143,8 @@ private:
     NetworkConfigFactory networkConfigFactory;
     // Inter-packet delays as they were when the running optimisation began.
     std::map<FlatTreeItemID, qint64> m_delaysBeforeRun;
+    bool m_optimizing = false;
+    std::vector<std::function<void()>> m_afterRun;
 };
 
 Q_DECLARE_METATYPE(BandwidthTreeWidget::SOptimizationResult)

@@ -16,10 +16,14 @@
 #include <cfgapi/CreateNetworkConfig.h>
 
 #include <QApplication>
+#include <QEventLoop>
+#include <QThread>
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <thread>
 
 using Plugin::BandwidthManager::CBandwidthMeasuringCamera;
 using Plugin::BandwidthManager::CBandwidthMeasuringCameraGigE;
@@ -89,6 +93,14 @@ int flooredMegabytes(double share)
     return int(floored);
 }
 
+void callOnThreadOf(QObject* pContext, const std::function<void()>& call)
+{
+    if (QThread::currentThread() == pContext->thread())
+        call();
+    else
+        QMetaObject::invokeMethod(pContext, call, Qt::BlockingQueuedConnection);
+}
+
 class CWaitCursor
 {
 public:
@@ -144,12 +156,37 @@ void BandwidthTreeWidget::optimizeGigEAdapter(FlatTreeItemID adapterId, bool onl
     if (ids.empty())
         return;
 
-    // The run is synchronous: the window stays blocked until every camera is served.
+    // The run is synchronous for its callers, but its register traffic goes
+    // on a thread of its own: a probe takes a good part of a second, and a
+    // camera that has died holds every access for the GigE Vision timeouts.
+    // The window keeps painting meanwhile; user input waits for the result,
+    // and samples and rebuilds wait for the run.
     const CWaitCursor waitCursor;
     const double bandwidth = adapterBandwidth(adapter);
     const double budget = bandwidth * BitsToBytes / 1000 / 1000 * UsablePercent / 100;
-    const SOptimizationResult result = optimizeCameras(ids, budget);
+    SOptimizationResult result;
+    m_optimizing = true;
+    QEventLoop loop;
+    std::thread worker([&] {
+        result = optimizeCameras(ids, budget);
+        QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection);
+    });
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    worker.join();
+    m_optimizing = false;
+    const std::vector<std::function<void()>> deferred = std::move(m_afterRun);
+    m_afterRun.clear();
+    for (const std::function<void()>& call : deferred)
+        call();
     emit optimizedGigECamera(result);
+}
+
+bool BandwidthTreeWidget::deferredWhileOptimizing(std::function<void()> call)
+{
+    if (!m_optimizing)
+        return false;
+    m_afterRun.push_back(std::move(call));
+    return true;
 }
 
 double BandwidthTreeWidget::adapterBandwidth(const FlatTreeItem& adapter)
@@ -259,8 +296,9 @@ BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCameras(co
     const std::vector<FlatTreeItemID> silent = quietCameras(sorted);
 
     quint32 index = 0;
+    size_t left = sorted.size();
     for (FlatTreeItemID id : sorted) {
-        const double share = remaining / double(sorted.size() - index);
+        const double share = remaining / double(left--);
         SOptimizationResult partial;
         // A camera that stops answering is passed over: the cameras after it
         // still need their share, or the link keeps overflowing.
@@ -274,11 +312,11 @@ BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCameras(co
                 restoreDelay(id);
             }
         }
-        ++index;
         if (!answered) {
             result.unsetCameras << flatTree->item(id).text;
             continue;
         }
+        ++index;
         merge(result, partial);
         if (partial.usedBandwidth >= 0.0) {
             remaining -= partial.usedBandwidth;
@@ -344,7 +382,10 @@ BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCamera(Fla
     bool reached = false;
     if (auto* pLimiter = qobject_cast<BandwidthLimiterInterPacketDelay*>(item.editor)) {
         valueBefore = delayBeforeRun != m_delaysBeforeRun.end() ? delayBeforeRun->second : pLimiter->getInterPacketDelay();
-        pLimiter->setValue(megabytes);
+        const int reachedMegabytes = pLimiter->applyWish(megabytes);
+        const int shown = reachedMegabytes >= 0 ? reachedMegabytes : megabytes;
+        QMetaObject::invokeMethod(
+            pLimiter, [pLimiter, shown] { pLimiter->ComboSlider::setValue(shown); }, Qt::QueuedConnection);
         reached = pLimiter->isAtMaximum();
         valueAfter = pLimiter->getInterPacketDelay();
         throughput = pLimiter->getCurrentThroughput();
@@ -366,7 +407,9 @@ BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCamera(Fla
         valueBefore = delayBeforeRun != m_delaysBeforeRun.end() ? delayBeforeRun->second
                                                                 : integerValueOr(ptrParameters, delayName, -1);
         // A 32-bit product that wraps above 2147 MB/s, as the editor's own unit does.
-        pDeviceLink->setValue(int(quint32(megabytes) * 1000000u));
+        const int bytesPerSecond = int(quint32(megabytes) * 1000000u);
+        // The editor writes the limit from its own widget value: one write, on the window's thread.
+        callOnThreadOf(pDeviceLink, [pDeviceLink, bytesPerSecond] { pDeviceLink->setValue(bytesPerSecond); });
         reached = pDeviceLink->isAtMaximum();
         valueAfter = integerValueOr(ptrParameters, delayName, -1);
         throughput = integerValueOr(ptrParameters, QStringLiteral("DeviceLinkThroughputLimit"), -1);

@@ -98,18 +98,34 @@ INSTANTIATE_TEST_SUITE_P(Table, Pacing,
                                          SPacingCase{"frame_delay_shifts_every_frame", 1000, 25, 5000, 3000000}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// A burst from a late wake-up would overflow a switch that exact pacing does not.
-TEST(Streamer, ALateWakeUpCatchesUpHalfAMillisecondAtMost)
+// A burst from a late wake-up would overflow a switch that exact pacing does
+// not; lost link time would lower the frame rate.
+TEST(Streamer, ALateWakeUpCatchesUpHalfAMillisecondAtOnceAndTheRestSlowly)
 {
     CStreamRig rig(vga(100)); // 1500-byte packets every 123 us
     rig.model.startAcquisition();
     rig.runFor(0.001);
     const std::size_t before = rig.sink.m_sent.size();
-    rig.clock.m_now += 20000000;
+    rig.clock.m_now += 3000000;
     rig.streamer.service(rig.clock.m_now);
     const std::size_t burst = rig.sink.m_sent.size() - before;
     EXPECT_GE(burst, 4u);
     EXPECT_LE(burst, 5u);
+
+    // The rest is paid back at most 9 % faster than the link, so the packets
+    // of the whole stretch are those of an exact camera.
+    const std::size_t afterBurst = rig.sink.m_sent.size();
+    rig.runFor(0.3);
+    const double wireNs = rig.model.link().wireSeconds(1500) * 1e9;
+    for (std::size_t i = afterBurst + 1; i < rig.sink.m_sent.size(); ++i) {
+        if (rig.sink.m_sent[i - 1].bytes.size() + 28 == 1500) {
+            ASSERT_GE(double(rig.sink.m_sent[i].atNs - rig.sink.m_sent[i - 1].atNs), 0.92 * wireNs - 1.0) << i;
+        }
+    }
+    CStreamRig exact(vga(100));
+    exact.model.startAcquisition();
+    exact.runFor(0.001 + 0.003 + 0.3);
+    EXPECT_NEAR(double(rig.sink.m_sent.size()), double(exact.sink.m_sent.size()), 2.0) << "no link time lost";
 }
 
 TEST(Streamer, ResendServesHeldPacketsIdenticallyAndExpiredOnesAsUnavailable)

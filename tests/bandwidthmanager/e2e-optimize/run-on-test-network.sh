@@ -1,14 +1,21 @@
 #!/usr/bin/env bash
 # run-on-test-network.sh BUILD MTU LINK_MBPS COMMAND [ARGS...]
 #
-# Runs COMMAND on scripts/test-network.sh with three cameras, inside a network
-# namespace of its own: an optimisation that accepts the GigE offer serves
-# every GigE camera it sees, and must see none but its own.
+# Runs COMMAND on scripts/test-network.sh inside a network namespace of its
+# own: an optimisation that accepts the GigE offer serves every GigE camera it
+# sees, and must see none but its own. BWM_E2E_SCENARIO picks the cameras:
+#   three     three equal cameras that together overload the link (default)
+#   mixed     one slow camera far below an equal share and three fast ones,
+#             together well over the link; the last is the fastest, so that it
+#             is served last. Control answers take 0.5 ms, as on real cameras.
+#   twolinks  link A as in "three", and a second link B under its capacity with
+#             two cameras; B's values come as BWM_NET_B_*.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 root=$(cd "$here/../../.." && pwd)
 build=$1 mtu=$2 mbps=$3
 shift 3
+scenario=${BWM_E2E_SCENARIO:-three}
 
 if [ "$(id -u)" -ne 0 ]; then
   echo "skipped: the test network needs root to make namespaces" >&2
@@ -29,7 +36,32 @@ if [ "$mtu" -le 1500 ]; then frame="--width 640 --height 480 --fps 15 --no-resen
 elif [ "$mbps" -ge 1000 ]; then frame="--width 1920 --height 1200 --fps 20 --no-resend"
 else frame="--width 1024 --height 768 --fps 6 --no-resend"; fi
 
+net=("$root/scripts/test-network.sh" --build "$build" --mtu "$mtu" --link-mbps "$mbps" --camera-mbps "$mbps"
+     --camera-nice -5)
+case $scenario in
+  three) net+=(--cameras 3 --camera-args "$frame") ;;
+  # 1024x768 at 2 fps is 1.6 MB/s (an equal share of 90 % of 100 Mbit/s is
+  # 2.8); with three cameras of 4.7 to 5.0 MB/s the link is offered 16 MB/s.
+  mixed) net+=(--cameras 4 --camera-args "--width 640 --height 480 --fps 15 --no-resend --gvcp-latency-us 500"
+               --camera-args-for 1 "--width 1024 --height 768 --fps 2"
+               --camera-args-for 4 "--fps 16") ;;
+  twolinks) ;;
+  *) echo "unknown BWM_E2E_SCENARIO $scenario" >&2; exit 2 ;;
+esac
+
 export BWM_E2E_MTU=$mtu BWM_E2E_LINK_MBPS=$mbps
-exec unshare --net -- bash -c 'ip link set lo up && exec "$@"' bash \
-  "$root/scripts/test-network.sh" --build "$build" --cameras 3 --mtu "$mtu" \
-  --link-mbps "$mbps" --camera-mbps "$mbps" --camera-nice -5 --camera-args "$frame" -- "$@"
+if [ "$scenario" = twolinks ]; then
+  # Link B is made inside link A's run: A's values are kept as A_*, then B's
+  # move to BWM_NET_B_* and A's come back to BWM_NET_*.
+  under="--width 640 --height 480 --fps 5 --no-resend"
+  inner=("$root/scripts/test-network.sh" --build "$build" --mtu "$mtu" --link-mbps "$mbps" --camera-mbps "$mbps"
+         --camera-nice -5 --cameras 2 --serial-prefix NTB --camera-args "$under" --
+         bash -c 'for v in HOST CAMERAS CAMERA_PIDS STATS TAP; do
+                    a=A_$v b=BWM_NET_$v; export "BWM_NET_B_$v=${!b}" "BWM_NET_$v=${!a}"
+                  done; exec "$@"' bash "$@")
+  exec unshare --net -- bash -c 'ip link set lo up && exec "$@"' bash \
+    "${net[@]}" --cameras 3 --camera-args "$frame" -- \
+    bash -c 'for v in HOST CAMERAS CAMERA_PIDS STATS TAP; do b=BWM_NET_$v; export "A_$v=${!b}"; done
+             exec "$@"' bash "${inner[@]}"
+fi
+exec unshare --net -- bash -c 'ip link set lo up && exec "$@"' bash "${net[@]}" -- "$@"
