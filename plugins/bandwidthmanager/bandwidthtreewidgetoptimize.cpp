@@ -296,14 +296,15 @@ BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCameras(co
     const std::vector<FlatTreeItemID> silent = quietCameras(sorted);
 
     quint32 index = 0;
-    size_t left = sorted.size();
+    // Cameras that did not answer take no share.
+    size_t left = sorted.size() - silent.size();
     for (FlatTreeItemID id : sorted) {
-        const double share = remaining / double(left--);
         SOptimizationResult partial;
         // A camera that stops answering is passed over: the cameras after it
         // still need their share, or the link keeps overflowing.
         bool answered = std::find(silent.begin(), silent.end(), id) == silent.end();
         if (answered) {
+            const double share = remaining / double(left--);
             try {
                 partial = optimizeCamera(id, share, index);
             } catch (...) {

@@ -63,6 +63,10 @@
         <translation>&lt;b&gt;パケット間遅延&lt;/b&gt;の設定を最適化しました。</translation>
     </message>
     <message>
+        <source>&lt;br&gt;These cameras did not answer and could not be set: %1</source>
+        <translation>&lt;br&gt;次のカメラは応答せず、設定できませんでした: %1</translation>
+    </message>
+    <message>
         <source>The &lt;b&gt;Frame Transmission Delay&lt;/b&gt; setting has been optimized</source>
         <translation>&lt;b&gt;フレーム転送遅延&lt;/b&gt;の設定を最適化しました。</translation>
     </message>

@@ -63,6 +63,10 @@
         <translation>&lt;b&gt;패킷 간 지연&lt;/b&gt; 설정이 최적화되었습니다.</translation>
     </message>
     <message>
+        <source>&lt;br&gt;These cameras did not answer and could not be set: %1</source>
+        <translation>&lt;br&gt;다음 카메라가 응답하지 않아 설정할 수 없었습니다: %1</translation>
+    </message>
+    <message>
         <source>The &lt;b&gt;Frame Transmission Delay&lt;/b&gt; setting has been optimized</source>
         <translation>&lt;b&gt;프레임 전송 지연&lt;/b&gt; 설정이 최적화되었습니다.</translation>
     </message>

@@ -63,6 +63,10 @@
         <translation>&lt;b&gt;包间延迟&lt;/b&gt;设置已优化。</translation>
     </message>
     <message>
+        <source>&lt;br&gt;These cameras did not answer and could not be set: %1</source>
+        <translation>&lt;br&gt;以下相机没有响应，无法设置：%1</translation>
+    </message>
+    <message>
         <source>The &lt;b&gt;Frame Transmission Delay&lt;/b&gt; setting has been optimized</source>
         <translation>&lt;b&gt;帧传输延迟&lt;/b&gt;设置已优化。</translation>
     </message>

@@ -290,7 +290,8 @@ protected:
             const double received = double(after.images[i] - start.images[i]) / seconds;
             const double sent = floatNode(keys[i], "ResultingFrameRate");
             const double mbs = received * double(node(keys[i], "PayloadSize")) / 1e6;
-            std::cout << ' ' << mbs << " (" << received << '/' << sent << ')';
+            std::cout << ' ' << mbs << " (" << received << '/' << sent << ", +" << after.errors[i] - start.errors[i]
+                      << " errors)";
             EXPECT_GT(mbs, 0.0);
             // Frames lost on the way count as errors above; this holds the rate the
             // camera reports to what arrives. 5 %: an emulator on a busy 2-core machine

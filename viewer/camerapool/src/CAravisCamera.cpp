@@ -6,9 +6,13 @@
 
 #include <Core/Logging/Logging.h>
 
+#include <QDeadlineTimer>
+
 #include <camerapool/Aravis.h>
 
 #include <atomic>
+#include <exception>
+#include <thread>
 
 namespace CameraPool {
 
@@ -19,8 +23,10 @@ const char* const StatisticNames[] = {"n_completed_buffers", "n_failures",      
 
 void streamCallback(void* userData, ArvStreamCallbackType type, ArvBuffer* buffer)
 {
-    if (type == ARV_STREAM_CALLBACK_TYPE_BUFFER_DONE)
-        static_cast<CAravisCamera*>(userData)->onBufferDone(buffer);
+    if (type != ARV_STREAM_CALLBACK_TYPE_BUFFER_DONE)
+        return;
+    if (CAravisCamera* camera = static_cast<std::atomic<CAravisCamera*>*>(userData)->load())
+        camera->onBufferDone(buffer);
 }
 
 void controlLostCallback(ArvDevice*, gpointer userData)
@@ -51,6 +57,7 @@ bool packetSocketAllowed()
 CAravisCamera::CAravisCamera(const CCameraInfoPtr& info, ArvCamera* camera, std::function<void(ArvCamera*)> discard)
     : m_info(info), m_baseInfo(info), m_camera(camera), m_discard(std::move(discard))
 {
+    m_open.store(m_camera != nullptr);
     m_device = arv_camera_get_device(m_camera);
     m_genicam = arv_device_get_genicam(m_device);
     m_isGigE = arv_camera_is_gv_device(m_camera);
@@ -72,10 +79,19 @@ CAravisCamera::~CAravisCamera()
     close();
 }
 
-bool CAravisCamera::isOpen() const
+// Aravis gives up on a GigE Vision command after 5 tries of 500 ms; a failure
+// that took a second or more was one of those, not a refusal by the camera.
+constexpr qint64 UnansweredNs = 1000000000;
+
+CAravisCamera::CTimeoutWatch::CTimeoutWatch(const CAravisCamera& camera)
+    : m_camera(camera), m_exceptions(std::uncaught_exceptions()), m_startNs(QDeadlineTimer::current().deadlineNSecs())
 {
-    std::lock_guard<std::recursive_mutex> guard(m_mutex);
-    return m_camera != nullptr;
+}
+
+CAravisCamera::CTimeoutWatch::~CTimeoutWatch()
+{
+    if (std::uncaught_exceptions() > m_exceptions && QDeadlineTimer::current().deadlineNSecs() - m_startNs >= UnansweredNs)
+        m_camera.m_unresponsive.store(true);
 }
 
 void CAravisCamera::close()
@@ -89,6 +105,7 @@ void CAravisCamera::close()
     g_signal_handler_disconnect(m_device, m_controlLostHandler);
     ArvCamera* camera = m_camera;
     m_camera = nullptr;
+    m_open.store(false);
     m_device = nullptr;
     m_genicam = nullptr;
     if (m_discard)
@@ -102,6 +119,8 @@ std::unique_lock<std::recursive_mutex> CAravisCamera::lockForAccess() const
     // Checked before the lock as well: a dead camera's register access blocks for seconds.
     if (m_connectionLost.load())
         throwGenICam(QStringLiteral("The connection to the camera %1 is lost").arg(m_info->displayName()));
+    if (m_unresponsive.load())
+        throwGenICam(QStringLiteral("The camera %1 does not answer").arg(m_info->displayName()));
     std::unique_lock<std::recursive_mutex> guard(m_mutex);
     if (!m_camera)
         throwGenICam(QStringLiteral("The camera %1 is closed").arg(m_info->displayName()));
@@ -143,7 +162,8 @@ void CAravisCamera::createStreamLocked()
                                                                          : ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
     }
     m_frames.reset(payload);
-    m_stream = arv_camera_create_stream(m_camera, streamCallback, this, error.out());
+    m_streamTarget = new std::atomic<CAravisCamera*>(this);
+    m_stream = arv_camera_create_stream(m_camera, streamCallback, m_streamTarget, error.out());
     error.check();
     if (!m_stream)
         throwGenICam(QStringLiteral("Aravis created no stream"));
@@ -166,7 +186,8 @@ void CAravisCamera::createStreamLocked()
 void CAravisCamera::destroyStreamLocked(bool stopAcquisition)
 {
     const bool wasGrabbing = m_grabbing.exchange(false);
-    if (wasGrabbing && stopAcquisition && m_camera && !m_connectionLost.load()) {
+    const bool answers = !m_connectionLost.load() && !m_unresponsive.load();
+    if (wasGrabbing && stopAcquisition && m_camera && answers) {
         CGErrorSink ignored;
         arv_camera_stop_acquisition(m_camera, ignored.out());
     }
@@ -177,9 +198,24 @@ void CAravisCamera::destroyStreamLocked(bool stopAcquisition)
         if (m_isGigE || qstrncmp(name, "n_missing", 9) != 0)
             m_statisticsBase[name] += arv_stream_get_info_uint64_by_name(m_stream, name);
     }
-    // Joins the stream thread; never called from the callback.
-    g_object_unref(m_stream);
+    std::atomic<CAravisCamera*>* target = m_streamTarget;
+    ArvStream* stream = m_stream;
+    m_streamTarget = nullptr;
     m_stream = nullptr;
+    if (answers) {
+        // Joins the stream thread; never called from the callback.
+        g_object_unref(stream);
+        delete target;
+        return;
+    }
+    // Aravis' teardown tells the camera to stop the stream channel and waits
+    // for the answer that a dead camera never gives: elsewhere, so the caller
+    // does not wait for the transport's timeouts. The stream stops calling us.
+    target->store(nullptr);
+    std::thread([stream, target] {
+        g_object_unref(stream);
+        delete target;
+    }).detach();
 }
 
 void CAravisCamera::onBufferDone(ArvBuffer*)

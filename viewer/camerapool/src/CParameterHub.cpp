@@ -3,10 +3,16 @@
 #include <camerapool/CAravisCamera.h>
 #include <camerapool/IRefreshable.h>
 
+#include <QCoreApplication>
+#include <QThreadPool>
+
 namespace CameraPool {
 
 CParameterHub::CParameterHub(CAravisCamera* camera) : QObject(camera)
 {
+    // Changes cross from the reading thread to the receivers' by queue.
+    qRegisterMetaType<ParameterCollection::ParameterDataConstPtr>();
+    qRegisterMetaType<ParameterCollection::ParameterDataConstPtr>("QSharedPointer<const ParameterCollection::ParameterData>");
     m_pollTimer.setInterval(1000);
     connect(&m_pollTimer, &QTimer::timeout, this, &CParameterHub::onPoll);
     m_pollTimer.start();
@@ -14,11 +20,13 @@ CParameterHub::CParameterHub(CAravisCamera* camera) : QObject(camera)
 
 ParameterCollection::ParameterPtr CParameterHub::cached(const QString& key) const
 {
+    const QMutexLocker lock(&m_entriesMutex);
     return m_entries.value(key).parameter.toStrongRef();
 }
 
 void CParameterHub::remember(const QString& key, const ParameterCollection::ParameterPtr& parameter)
 {
+    const QMutexLocker lock(&m_entriesMutex);
     m_entries.insert(key, SEntry{parameter.toWeakRef(), dynamic_cast<IRefreshable*>(parameter.data())});
 }
 
@@ -35,30 +43,51 @@ void CParameterHub::stopPolling()
 void CParameterHub::onPoll()
 {
     const auto* camera = static_cast<const CAravisCamera*>(parent());
-    if (camera->isConnectionLost() || !camera->isOpen()) {
+    if (camera->isConnectionLost() || camera->isUnresponsive() || !camera->isOpen()) {
         m_pollTimer.stop();
         return;
     }
     refreshAll(QString());
 }
 
+QThreadPool* CParameterHub::readers()
+{
+    // One thread: the refreshes of a parameter never overlap, and a dead
+    // camera delays the others' polls for one timeout only.
+    // Owned by the application, whose end waits for the reads under way.
+    static QThreadPool* pool = [] {
+        auto* created = new QThreadPool(QCoreApplication::instance());
+        created->setMaxThreadCount(1);
+        created->setExpiryTimeout(-1);
+        return created;
+    }();
+    return pool;
+}
+
 void CParameterHub::refreshAll(const QString& forcedName)
 {
-    // A receiver may look up more nodes while we notify, so walk a copy.
-    QList<QPair<ParameterCollection::ParameterPtr, IRefreshable*>> live;
-    for (auto it = m_entries.begin(); it != m_entries.end();) {
-        if (ParameterCollection::ParameterPtr parameter = it->parameter.toStrongRef()) {
-            live.append({parameter, it->refreshable});
-            ++it;
-        } else {
-            it = m_entries.erase(it);
+    // The strong references keep the parameters, and so their camera, alive
+    // until the reads are done; the task touches nothing of the hub.
+    QList<QPair<ParameterCollection::ParameterPtr, bool>> live;
+    {
+        const QMutexLocker lock(&m_entriesMutex);
+        for (auto it = m_entries.begin(); it != m_entries.end();) {
+            if (ParameterCollection::ParameterPtr parameter = it->parameter.toStrongRef()) {
+                const bool forced = parameter->name() == forcedName;
+                if (it->refreshable && (forced || it->refreshable->hasReceivers()))
+                    live.append({parameter, forced});
+                ++it;
+            } else {
+                it = m_entries.erase(it);
+            }
         }
     }
-    for (const auto& entry : qAsConst(live)) {
-        const bool forced = entry.first->name() == forcedName;
-        if (entry.second && (forced || entry.second->hasReceivers()))
-            entry.second->refresh(forced);
-    }
+    if (live.isEmpty())
+        return;
+    readers()->start([live] {
+        for (const auto& entry : live)
+            dynamic_cast<IRefreshable*>(entry.first.data())->refresh(entry.second);
+    });
 }
 
 } // namespace CameraPool

@@ -35,7 +35,10 @@ public:
     Core::CameraPoolComponents::CameraInfoPtr cameraInfo() const override { return m_info; }
 
     bool isConnectionLost() const { return m_connectionLost.load(); }
-    bool isOpen() const;
+    // Set once an access failed only after the GigE Vision timeouts: later
+    // accesses raise at once instead of waiting for them again.
+    bool isUnresponsive() const { return m_unresponsive.load(); }
+    bool isOpen() const { return m_open.load(); }
     // Stops grabbing and gives the device back; later access raises.
     void close();
 
@@ -45,6 +48,7 @@ public:
     auto access(F&& f) const
     {
         const std::unique_lock<std::recursive_mutex> guard = lockForAccess();
+        const CTimeoutWatch watch(*this);
         return f(m_camera, m_device, m_genicam);
     }
 
@@ -72,6 +76,22 @@ public:
     void onControlLost();
 
 private:
+    // Marks the camera unresponsive when the access it spans fails after a
+    // time that only the transport's timeouts take.
+    class CTimeoutWatch
+    {
+    public:
+        explicit CTimeoutWatch(const CAravisCamera& camera);
+        ~CTimeoutWatch();
+        CTimeoutWatch(const CTimeoutWatch&) = delete;
+        CTimeoutWatch& operator=(const CTimeoutWatch&) = delete;
+
+    private:
+        const CAravisCamera& m_camera;
+        int m_exceptions;
+        qint64 m_startNs;
+    };
+
     std::unique_lock<std::recursive_mutex> lockForAccess() const;
     void createStreamLocked();
     void destroyStreamLocked(bool stopAcquisition);
@@ -84,6 +104,9 @@ private:
     ArvDevice* m_device = nullptr;
     ArvGc* m_genicam = nullptr;
     ArvStream* m_stream = nullptr;
+    // What the stream's callback calls; cleared before a stream is let go
+    // on another thread, and deleted with the stream.
+    std::atomic<CAravisCamera*>* m_streamTarget = nullptr;
     // The callback's view of m_stream.
     std::atomic<ArvStream*> m_liveStream{nullptr};
     std::function<void(ArvCamera*)> m_discard;
@@ -93,6 +116,8 @@ private:
 
     std::atomic<bool> m_grabbing{false};
     std::atomic<bool> m_connectionLost{false};
+    mutable std::atomic<bool> m_unresponsive{false};
+    std::atomic<bool> m_open{false};
     std::atomic<bool> m_copyFrames{false};
     std::atomic<qint64> m_maxNumBuffer{10};
     std::atomic<quint64> m_grabbed{0};

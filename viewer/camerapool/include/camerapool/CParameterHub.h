@@ -3,8 +3,11 @@
 #include <ParameterCollection/IParameter.h>
 
 #include <QHash>
+#include <QMutex>
 #include <QObject>
 #include <QTimer>
+
+class QThreadPool;
 
 namespace CameraPool {
 
@@ -14,6 +17,9 @@ class IRefreshable;
 // The parameters of one camera, shared by all its collections: one object per
 // node, so a write through any collection reaches every receiver. Polls the
 // nodes that have receivers about once a second for changes made by others.
+// The reads run on a thread of their own, one for all hubs: a camera that has
+// died would hold the window for the transport's timeouts at every poll. The
+// changes reach their receivers queued, on the receivers' threads.
 class CParameterHub : public QObject
 {
     Q_OBJECT
@@ -33,6 +39,7 @@ private slots:
     void onPoll();
 
 private:
+    static QThreadPool* readers();
     void refreshAll(const QString& forcedName);
 
     struct SEntry
@@ -40,6 +47,7 @@ private:
         QWeakPointer<ParameterCollection::IParameter> parameter;
         IRefreshable* refreshable = nullptr;
     };
+    mutable QMutex m_entriesMutex;
     QHash<QString, SEntry> m_entries;
     QTimer m_pollTimer;
 };
