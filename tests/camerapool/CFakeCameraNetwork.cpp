@@ -55,6 +55,14 @@ bool CFakeCameraNetwork::setUp()
     ok = fd >= 0 && setns(fd, CLONE_NEWNET) == 0;
     if (fd >= 0)
         ::close(fd);
+    if (ok)
+        m_cameraNsFd = ::open(QStringLiteral("/var/run/netns/%1").arg(m_cameraNs).toUtf8().constData(), O_RDONLY | O_CLOEXEC);
+    ok = ok && m_cameraNsFd >= 0;
+    // Named namespaces outlive a process that dies before it removes them. Held
+    // by this process, its descriptor and the cameras instead, they go with us.
+    run({"netns", "del", m_cameraNs});
+    run({"netns", "del", m_hostNs});
+    m_hostNs.clear();
     if (!ok) {
         m_skipReason = QStringLiteral("could not build the namespaces");
         tearDown();
@@ -80,10 +88,9 @@ void CFakeCameraNetwork::tearDown()
 {
     for (SCamera& camera : m_cameras)
         killCamera(&camera);
-    if (!m_hostNs.isEmpty()) {
-        run({"netns", "del", m_cameraNs});
-        run({"netns", "del", m_hostNs});
-        m_hostNs.clear();
+    if (m_cameraNsFd >= 0) {
+        ::close(m_cameraNsFd);
+        m_cameraNsFd = -1;
     }
 }
 
@@ -96,7 +103,6 @@ const CFakeCameraNetwork::SCamera* CFakeCameraNetwork::startCamera(int link, int
     if (m_namespaced) {
         camera.address = QStringLiteral("10.214.%1.%2").arg(m_subnet + link).arg(host);
         camera.hostAddress = QStringLiteral("10.214.%1.1").arg(m_subnet + link);
-        arguments << "ip" << "netns" << "exec" << m_cameraNs;
     } else {
         if (!m_cameras.empty())
             return nullptr;  // loopback has room for one camera
@@ -115,6 +121,8 @@ const CFakeCameraNetwork::SCamera* CFakeCameraNetwork::startCamera(int link, int
     if (camera.pid == 0) {
         // The camera goes with us even when we are killed.
         prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (m_cameraNsFd >= 0 && setns(m_cameraNsFd, CLONE_NEWNET) != 0)
+            _exit(126);
         const int null = ::open("/dev/null", O_WRONLY);
         dup2(null, STDOUT_FILENO);
         dup2(null, STDERR_FILENO);

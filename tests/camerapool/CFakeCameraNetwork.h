@@ -9,8 +9,9 @@
 
 // Aravis' fake GigE cameras for the tests. As root: a host namespace that
 // this process enters and a camera namespace behind two veth links, each
-// link its own subnet. Otherwise loopback with one camera. Everything is
-// removed by pid and by name at exit, even after a failed test.
+// link its own subnet. Otherwise loopback with one camera. The namespaces
+// lose their names once built, so they end with this process and its
+// cameras, however it ends.
 class CFakeCameraNetwork
 {
 public:
@@ -41,6 +42,7 @@ private:
     int m_subnet = 0;
     QString m_hostNs;
     QString m_cameraNs;
+    int m_cameraNsFd = -1;
     QString m_skipReason;
     std::list<SCamera> m_cameras;  // handed out by address
 };

@@ -10,12 +10,15 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QHostAddress>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QThread>
 
 #include <functional>
+#include <unistd.h>
 #include <mutex>
 
 using namespace CameraPool;
@@ -141,6 +144,17 @@ const CFakeCameraNetwork::SCamera* GigECameraTest::s_lossy = nullptr;
 const CFakeCameraNetwork::SCamera* GigECameraTest::s_victim = nullptr;
 
 } // namespace
+
+// A name keeps a namespace alive after its process; ours must end with us.
+TEST_F(GigECameraTest, TheTestNetworkHasNoNamespaceNameThatCouldOutliveTheRun)
+{
+    if (!CFakeCameraNetwork::instance().isNamespaced())
+        GTEST_SKIP() << "loopback: no namespace";
+    ASSERT_TRUE(s_main) << "the cameras run in the namespace";
+    const QStringList names = QDir(QStringLiteral("/var/run/netns")).entryList(QDir::Files);
+    EXPECT_TRUE(names.filter(QRegularExpression(QStringLiteral("^bwmcam_[hc]_%1$").arg(getpid()))).isEmpty())
+        << names.join(' ').toStdString();
+}
 
 TEST_F(GigECameraTest, GigEInterfaceListsEachCameraWithItsHostAdapter)
 {
