@@ -1,5 +1,7 @@
 #include "bandwidthdialog.h"
 
+#include "exceptiontext.h"
+
 #include <Core/Logging/Logging.h>
 #include <Core/Plugin/ServiceLookup.h>
 #include <Plugin/CameraPool/ICameraEnumerationService.h>
@@ -155,6 +157,9 @@ BandwidthDialog::BandwidthDialog(const Core::Plugin::PluginManagerWeakPtr& plugi
 BandwidthDialog::~BandwidthDialog()
 {
     m_refreshTimer.stop();
+    // The tree goes with the widgets, after this part of the dialog: what it
+    // signals on its way out must not reach these slots.
+    disconnect(ui.treeBandwidth, nullptr, this, nullptr);
 }
 
 void BandwidthDialog::readSettings(QWidget* parent)
@@ -241,9 +246,16 @@ void BandwidthDialog::onStartStopClicked()
     if (wasRunning) {
         if (m_refreshTimer.isActive())
             logMessage(SeverityInfo, QT_TR_NOOP("Stop Bandwidth analysis."));
-        ui.treeBandwidth->stopAcquisition();
+        // The timers first: a stop that fails must leave no tick that samples
+        // on, nor a stop-after tick that starts the analysis again.
         m_refreshTimer.stop();
         m_stopAfterTimer.stop();
+        try {
+            ui.treeBandwidth->stopAcquisition();
+        } catch (...) {
+            Core::Logging::createLogEntry(Core::Logging::LogLevelFailure, dialogCategory(),
+                                          Plugin::BandwidthManager::describeCurrentException(QStringLiteral("stopping the analysis")));
+        }
     } else {
         m_refreshTimer.start(RefreshIntervalMs, this);
         if (ui.checkStopAfter->isChecked()) {

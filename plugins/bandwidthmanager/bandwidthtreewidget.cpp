@@ -3,6 +3,7 @@
 #include "bandwidthcameraconfigitemdelegate.h"
 #include "bandwidthitemdelegate.h"
 #include "bandwidthmeasuringcamera.h"
+#include "exceptiontext.h"
 #include "flattree.h"
 #include "measuringcameraset.h"
 
@@ -283,6 +284,10 @@ void BandwidthTreeWidget::refreshTree()
                                       QString::fromUtf8(e.GetDescription()));
     } catch (const std::exception& e) {
         Core::Logging::createLogEntry(Core::Logging::LogLevelFailure, logCategory(), QString::fromUtf8(e.what()));
+    } catch (...) {
+        // The host's own exception is no std::exception; nothing may reach the event loop.
+        Core::Logging::createLogEntry(Core::Logging::LogLevelFailure, logCategory(),
+                                      Plugin::BandwidthManager::describeCurrentException(QStringLiteral("refreshing the tree")));
     }
 }
 
@@ -550,9 +555,15 @@ void BandwidthTreeWidget::stopAcquisition()
     if (deferredWhileOptimizing([this] { stopAcquisition(); }))
         return;
     cameras->running = false;
+    // Every camera is stopped, whichever of them fails.
     for (Plugin::BandwidthManager::CBandwidthMeasuringCamera* camera : cameras->cameras) {
-        if (camera->isMeasuring())
-            camera->stopMeasuring();
+        try {
+            if (camera->isMeasuring())
+                camera->stopMeasuring();
+        } catch (...) {
+            Core::Logging::createLogEntry(Core::Logging::LogLevelFailure, logCategory(),
+                                          Plugin::BandwidthManager::describeCurrentException(QStringLiteral("stopping a camera")));
+        }
     }
 }
 

@@ -11,6 +11,7 @@
 #include <host/fakes/WaitUntil.h>
 #include <parameters/fakes/CScriptedParameterCollection.h>
 
+#include <Core/Exception/BaseException.h>
 #include <Core/Logging/CLogCapture.h>
 #include <Core/Plugin/CPluginManager.h>
 #include <Utilities/MessageBoxCheckable.h>
@@ -72,7 +73,13 @@ public:
     bool stopCamera(FlatTreeItemID id) override { return record(QStringLiteral("stopCamera:%1").arg(id)); }
     bool startCameraByKey(const QString& key) override { return record(QStringLiteral("startCameraByKey:") + key); }
     void startAcquisition() override { record(QStringLiteral("startAcquisition")); }
-    void stopAcquisition() override { record(QStringLiteral("stopAcquisition")); }
+    void stopAcquisition() override
+    {
+        record(QStringLiteral("stopAcquisition"));
+        if (failToStop)
+            throw Core::Exception::BaseException(QStringLiteral("camera gone"));
+    }
+    bool failToStop = false;
     void updateSamples() override { ++sampleCount; }
 
 private:
@@ -494,6 +501,24 @@ TEST_F(BandwidthDialogTest, StopAfterOneSecondEndsTheAnalysisWithItsLogLines)
         EXPECT_TRUE(message.timestamp.isNull());
     }
     EXPECT_EQ(messageLog->messages().at(1).message, QStringLiteral("Stop Bandwidth analysis."));
+}
+
+TEST_F(BandwidthDialogTest, AStopThatFailsStillEndsTheAnalysisAndItsTimers)
+{
+    storeSetting("StopAfterValue", 1);
+    storeSetting("StopAfterActive", 1);
+    auto* tree = new CScriptedTree;
+    tree->cameras = tree->measured = 1;
+    tree->failToStop = true;
+    const auto dialog = makeDialog(tree);
+    widget<QPushButton>(dialog, "btnStart")->click();
+
+    EXPECT_NO_THROW(widget<QPushButton>(dialog, "btnStop")->click());
+    const int samples = tree->sampleCount;
+    QTest::qWait(1300);
+    EXPECT_EQ(tree->calls, (QStringList{"startAcquisition", "stopAcquisition"})) << "no stop-after restart";
+    EXPECT_EQ(tree->sampleCount, samples) << "no tick after the stop";
+    EXPECT_FALSE(widget<QPushButton>(dialog, "btnStart")->isHidden());
 }
 
 TEST_F(BandwidthDialogTest, TreeErrorsGoToBothLogsWithoutTheirTimestamp)

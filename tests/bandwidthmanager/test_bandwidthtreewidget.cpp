@@ -9,6 +9,7 @@
 #include <parameters/fakes/CScriptedParameterCollection.h>
 #include <usbtopology/fakes/CFakeTopologySource.h>
 
+#include <Core/Exception/BaseException.h>
 #include <Core/Logging/Logging.h>
 #include <Core/Plugin/CPluginManager.h>
 
@@ -71,6 +72,17 @@ public:
         std::make_shared<usbtopology::fakes::SFakeTopologyScript>();
     BandwidthTreeWidget tree;
 };
+
+TEST_F(TreeWidgetTest, refreshTreeKeepsEveryExceptionFromTheEventLoop)
+{
+    for (const std::function<void()>& raise : std::vector<std::function<void()>>{
+             [] { throw Core::Exception::BaseException(QStringLiteral("pool gone")); },
+             [] { throw std::runtime_error("pool gone"); },
+             [] { throw 7; }}) {
+        enumeration->beforeListing = raise;
+        EXPECT_NO_THROW(tree.refreshTree());
+    }
+}
 
 TEST_F(TreeWidgetTest, emptyBuildShowsNothing)
 {

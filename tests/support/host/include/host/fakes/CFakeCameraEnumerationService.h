@@ -4,6 +4,8 @@
 
 #include <Plugin/CameraPool/ICameraEnumerationService.h>
 
+#include <functional>
+
 namespace HostFakes {
 
 // Transport layers and open cameras as the test scripts them; the test emits
@@ -22,8 +24,16 @@ public:
     }
     void setOpenCameras(const QList<Core::CameraPoolComponents::CameraInfoPtr>& cameras) { m_openCameras = cameras; }
 
-    QList<Plugin::CameraPool::TransportLayerPtr> transportLayers() const override { return m_layers; }
+    QList<Plugin::CameraPool::TransportLayerPtr> transportLayers() const override
+    {
+        if (beforeListing)
+            beforeListing();
+        return m_layers;
+    }
     QList<Core::CameraPoolComponents::CameraInfoPtr> openCameras() const override { return m_openCameras; }
+
+    // Runs at every listing, say to raise what a failing pool raises.
+    std::function<void()> beforeListing;
 
 private:
     QList<Plugin::CameraPool::TransportLayerPtr> m_layers;
