@@ -228,8 +228,8 @@ void CBandwidthMeasuringCamera::startMeasuring()
 {
     if (!m_ptrCamera)
         return;
-    m_ptrCamera->startGrabbing();
-    m_measuring = true;
+    // A camera that refuses to grab is not measuring: the row says so.
+    m_measuring = m_ptrCamera->startGrabbing();
     m_frameRateDirty = true;
     m_throughputLimit = -1;
 }

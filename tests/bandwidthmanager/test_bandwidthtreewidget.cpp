@@ -217,6 +217,11 @@ public:
         test.collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100);
     }
     static void refuseOpen(TreeWidgetTest& test) { test.control->setOpenFails("gev-1"); }
+    static void refuseGrab(TreeWidgetTest& test)
+    {
+        test.control->setGrabFails("gev-1");
+        test.tree.startAcquisition();
+    }
 };
 
 TEST_P(StartFailure, marksTheRowAndReportsTheError)
@@ -246,7 +251,9 @@ INSTANTIATE_TEST_SUITE_P(
         SStartFailureCase{"camera_that_will_not_open", StartFailure::refuseOpen, 1,
                           "Error accessing camera! (Could not create camera)"},
         SStartFailureCase{"second_start_of_a_camera_whose_sample_fails", StartFailure::failSampleReads, 2,
-                          "Error accessing camera! (Failed to get sample)"}),
+                          "Error accessing camera! (Failed to get sample)"},
+        SStartFailureCase{"grab_that_will_not_start_during_an_analysis", StartFailure::refuseGrab, 1,
+                          "Error accessing camera! (Could not start grab.)"}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
 class ConnectionLoss : public TreeWidgetTest, public ::testing::WithParamInterface<bool>

@@ -14,8 +14,10 @@ QString keyOf(const Core::CameraPoolComponents::CameraInfoPtr& info)
 QSharedPointer<CFakeCamera> CFakeCameraControlService::cameraFor(const Core::CameraPoolComponents::CameraInfoPtr& info)
 {
     QSharedPointer<CFakeCamera>& camera = m_cameras[keyOf(info)];
-    if (!camera)
+    if (!camera) {
         camera.reset(new CFakeCamera(info));
+        camera->setStartFails(m_grabFails.contains(keyOf(info)));
+    }
     return camera;
 }
 

@@ -25,6 +25,8 @@ public:
     void setAlreadyOpen(const QString& key) { m_alreadyOpen.insert(key); }
     // openCamera gives an empty pointer for this key.
     void setOpenFails(const QString& key) { m_openFails.insert(key); }
+    // The camera of this key opens, but refuses to grab.
+    void setGrabFails(const QString& key) { m_grabFails.insert(key); }
     QSharedPointer<CFakeCamera> camera(const QString& key) const { return m_cameras.value(key); }
     const QStringList& calls() const { return m_calls; }
 
@@ -34,6 +36,7 @@ private:
     QHash<QString, QSharedPointer<CFakeCamera>> m_cameras;
     QSet<QString> m_alreadyOpen;
     QSet<QString> m_openFails;
+    QSet<QString> m_grabFails;
     QStringList m_calls;
 };
 
