@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QIcon>
+#include <QStandardItem>
 #include <QThread>
 
 using namespace Viewer;
@@ -35,6 +37,35 @@ TEST(MessageLogService, nullTimestampBecomesTheTimeOfArrival)
     EXPECT_EQ(log.model()->item(0, CMessageLogService::ColumnSeverity)->data(Qt::UserRole).toInt(),
               int(CMessageLogService::SeverityError));
 }
+
+struct SSeverityCase
+{
+    int severity;
+    const char* text;
+    const char* icon;
+};
+
+class Severity : public ::testing::TestWithParam<SSeverityCase>
+{
+};
+
+// The numbers are the log levels the plug-ins pass: 1 is information, not a warning.
+TEST_P(Severity, showsTheLevelThePluginMeant)
+{
+    const SSeverityCase& c = GetParam();
+    CMessageLogService log;
+    log.addMessage(c.severity, "Bandwidth Manager", "text", QDateTime());
+    const QStandardItem* level = log.model()->item(0, CMessageLogService::ColumnSeverity);
+    EXPECT_EQ(level->text(), QString::fromLatin1(c.text));
+    EXPECT_EQ(level->icon().pixmap(16).toImage(),
+              QIcon(QStringLiteral(":/zentaviewercomponents/Resources/%1").arg(c.icon)).pixmap(16).toImage());
+}
+
+INSTANTIATE_TEST_SUITE_P(MessageLogService, Severity,
+                         ::testing::Values(SSeverityCase{Core::Logging::LogLevelFailure, "Failure", "Error_16.png"},
+                                           SSeverityCase{Core::Logging::LogLevelInfo, "Information", "Info_32.png"},
+                                           SSeverityCase{Core::Logging::LogLevelWarning, "Warning", "Warning_16_black.png"},
+                                           SSeverityCase{Core::Logging::LogLevelError, "Error", "Error_16.png"}));
 
 TEST(MessageLogService, messagesFromOtherThreadsArriveOnTheGuiThread)
 {

@@ -16,6 +16,7 @@ QIcon severityIcon(int severity)
     case CMessageLogService::SeverityWarning:
         return QIcon(QStringLiteral(":/zentaviewercomponents/Resources/Warning_16_black.png"));
     case CMessageLogService::SeverityError:
+    case CMessageLogService::SeverityFailure:
         return QIcon(QStringLiteral(":/zentaviewercomponents/Resources/Error_16.png"));
     default:
         return QIcon(QStringLiteral(":/zentaviewercomponents/Resources/Info_32.png"));
@@ -29,6 +30,8 @@ QString severityText(int severity)
         return CMessageLogService::tr("Warning");
     case CMessageLogService::SeverityError:
         return CMessageLogService::tr("Error");
+    case CMessageLogService::SeverityFailure:
+        return CMessageLogService::tr("Failure");
     default:
         return CMessageLogService::tr("Information");
     }

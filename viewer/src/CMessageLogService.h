@@ -11,11 +11,13 @@ class CMessageLogService : public Plugin::MessageLogCore::IMessageLogService
 {
     Q_OBJECT
 public:
+    // The levels of the host's log, which plug-ins pass as they log them.
     enum ESeverity
     {
-        SeverityInfo = 0,
-        SeverityWarning = 1,
-        SeverityError = 2,
+        SeverityFailure = 0,
+        SeverityInfo = 1,
+        SeverityWarning = 2,
+        SeverityError = 3,
     };
     enum EColumn
     {

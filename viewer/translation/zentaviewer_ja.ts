@@ -176,6 +176,10 @@ A viewer for industrial cameras, extended by plug-ins.</source>
         <translation>情報</translation>
     </message>
     <message>
+        <source>Failure</source>
+        <translation>障害</translation>
+    </message>
+    <message>
         <source>Time</source>
         <translation>時刻</translation>
     </message>

@@ -176,6 +176,10 @@ A viewer for industrial cameras, extended by plug-ins.</source>
         <translation>정보</translation>
     </message>
     <message>
+        <source>Failure</source>
+        <translation>장애</translation>
+    </message>
+    <message>
         <source>Time</source>
         <translation>시간</translation>
     </message>

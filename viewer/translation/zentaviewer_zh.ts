@@ -176,6 +176,10 @@ A viewer for industrial cameras, extended by plug-ins.</source>
         <translation>信息</translation>
     </message>
     <message>
+        <source>Failure</source>
+        <translation>故障</translation>
+    </message>
+    <message>
         <source>Time</source>
         <translation>时间</translation>
     </message>
