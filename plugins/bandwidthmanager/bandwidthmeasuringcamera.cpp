@@ -101,6 +101,18 @@ void CBandwidthMeasuringCamera::initParameters()
         m_ptrErrorCounter = m_ptrParameters->getIntegerParameter(kStreamGrabber + "/Statistic_Missed_Frame_Count");
     m_lastErrorCounterValue = 0;
 
+    // Whoever changes how the camera sends (an optimisation, an editor, another
+    // program) changes the frame rate it can keep: the next sample reads it again.
+    m_transportLayerParameters.clear();
+    for (const char* name : {"GevSCPSPacketSize", "GevSCPD", "GevSCFTD"}) {
+        const IntegerParameterPtr ptrNode = m_ptrParameters->getIntegerParameter(QString::fromLatin1(name));
+        if (!ptrNode || ptrNode->isNull())
+            continue;
+        connect(ptrNode.data(), &IParameter::parameterDataChangedDecoupled, this,
+                &CBandwidthMeasuringCamera::onParameterDeviceLinkThroughputLimitChanged);
+        m_transportLayerParameters.append(ptrNode);
+    }
+
     m_ptrPayloadParameter = m_ptrParameters->getIntegerParameter(QStringLiteral("PayloadSize"));
     if (!m_ptrPayloadParameter)
         return;

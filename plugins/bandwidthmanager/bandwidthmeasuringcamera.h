@@ -100,6 +100,8 @@ private:
     QSharedPointer<Plugin::CameraPool::ICameraControlService> m_ptrControlService;
     ParameterCollection::IntegerParameterPtr m_ptrPayloadParameter;
     ParameterCollection::IntegerParameterPtr m_ptrLimitParameter;
+    // Held so that their change notifications keep coming.
+    QList<ParameterCollection::IntegerParameterPtr> m_transportLayerParameters;
     Plugin::CameraPool::ICameraPtr m_ptrCamera;
 };
 

@@ -150,6 +150,28 @@ TEST_P(MeasuringCameraLimitSignal, limitChangeRereadsFrameRate)
     EXPECT_EQ(sample.bandwidth, GetParam().hasPayload ? 10000u : 0u);
 }
 
+class MeasuringCameraTransportLayer : public MeasuringCameraTest, public ::testing::WithParamInterface<const char*>
+{
+};
+
+// After an optimisation the camera sends at another rate: "fps Sent" must follow.
+TEST_P(MeasuringCameraTransportLayer, changeRereadsFrameRateWhoeverMadeIt)
+{
+    parameters->addFloat("ResultingFrameRate", 30.0, 0, 1000, "RO");
+    parameters->addInteger(GetParam(), 0, 0, 1 << 30);
+    open();
+    measuring->startMeasuring();
+    status->setGrabbing(key, true);
+    EXPECT_DOUBLE_EQ(measuring->getSample().fpsSent, 30.0);
+    parameters->setValue("ResultingFrameRate", 16.0);
+    EXPECT_DOUBLE_EQ(measuring->getSample().fpsSent, 30.0) << "read once per change only";
+    parameters->emitChanged(GetParam());
+    EXPECT_DOUBLE_EQ(measuring->getSample().fpsSent, 16.0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, MeasuringCameraTransportLayer,
+                         ::testing::Values("GevSCPSPacketSize", "GevSCPD", "GevSCFTD"));
+
 INSTANTIATE_TEST_SUITE_P(Signals, MeasuringCameraLimitSignal,
                          ::testing::Values(SConnectionCase{"with_payload_size", true, 20.0},
                                            SConnectionCase{"without_payload_size_nothing_is_connected", false, 10.0}),

@@ -271,6 +271,15 @@ protected:
         std::cout << std::endl;
         EXPECT_EQ(delays, expectedDelays) << "staggered by one packet";
 
+        // Two ticks after the run, "fps Sent" is the rate the camera now keeps.
+        QTest::qWait(2 * 250 + 50);
+        for (const QString& key : keys) {
+            if (dead.contains(key))
+                continue;
+            const double sent = floatNode(key, "ResultingFrameRate");
+            EXPECT_NEAR(item(key)->fpsSent, sent, 0.02 * sent) << key.toStdString() << ": fps Sent after two ticks";
+        }
+
         QTest::qWait(SettleMs);
         const SReading start = read();
         QTest::qWait(WatchMs);
