@@ -295,6 +295,15 @@ void FlatTree::addUsbNode(const topapi::INode* node, FlatTreeItemID parentId, co
                 return;
             }
         }
+        // A camera without a serial number has its path and its GUID as key; the
+        // bus does not know the GUID, so such cameras take such nodes in turn.
+        const QString prefix = instancePath + QLatin1Char('\\');
+        for (const CameraInfoPtr& camera : cameras) {
+            if (camera && camera->key().startsWith(prefix, Qt::CaseInsensitive) && findByKey(camera->key()) == 0) {
+                addCamera(camera, parentId, cameraSet, openCameras);
+                return;
+            }
+        }
         logFailure(QStringLiteral("Failed to match discovered USB Device '%1' to a zenta device").arg(instancePath));
         return;
     }

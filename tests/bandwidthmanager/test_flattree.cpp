@@ -261,6 +261,19 @@ TEST_F(FlatTreeTest, twoBuildsMakeTheTopologyOnceAndRefreshIt)
     EXPECT_EQ(hc.bandwidth, 625000000u);
 }
 
+// Two cameras of one model without serial numbers: a row each, with keys of their own.
+TEST_F(FlatTreeTest, camerasWithoutSerialNumbersGetARowEach)
+{
+    enumeration->addTransportLayer("DorvikUsb", {CFakeCameraInfo::create("Cam A", "U3V\\V\\M\\\\G1", "U3V"),
+                                                 CFakeCameraInfo::create("Cam B", "U3V\\V\\M\\\\G2", "U3V")});
+    CFakeNode& hc = controller(*script->root, 2);
+    hc.AddChild(topapi::NodeType_U3vDevice, L"a", L"2-1").SetInstancePath(L"U3V\\V\\M\\");
+    hc.AddChild(topapi::NodeType_U3vDevice, L"b", L"2-2").SetInstancePath(L"U3V\\V\\M\\");
+    tree.build(cameras, {});
+    EXPECT_EQ(outline(tree), (QStringList{"DorvikUsb", "DorvikUsb/xHCI", "DorvikUsb/xHCI/Cam A *", "DorvikUsb/xHCI/Cam B *"}));
+    EXPECT_NE(tree.findByKey("U3V\\V\\M\\\\G1"), tree.findByKey("U3V\\V\\M\\\\G2"));
+}
+
 TEST_F(FlatTreeTest, nullRootEndsTheBuild)
 {
     script->root = nullptr;

@@ -6,9 +6,11 @@ using namespace CameraPool;
 
 namespace {
 
-SDeviceRecord record(const char* protocol, const char* id, const char* vendor, const char* model, const char* serial)
+SDeviceRecord record(const char* protocol, const char* id, const char* vendor, const char* model, const char* serial,
+                     const char* physicalId = "")
 {
     SDeviceRecord r;
+    r.physicalId = QString::fromUtf8(physicalId);
     r.protocol = QString::fromUtf8(protocol);
     r.id = QString::fromUtf8(id);
     r.vendor = QString::fromUtf8(vendor);
@@ -52,6 +54,10 @@ INSTANTIATE_TEST_SUITE_P(
                  record("USB3Vision", "x", "Kamera \xc3\xa9", "M", "S"), "U3V\\Kamera ?\\M\\S", "U3V", "DorvikUsb"},
         SKeyCase{"usb_without_serial_keeps_four_parts", record("USB3Vision", "x", "V", "M", ""), "U3V\\V\\M\\",
                  "U3V", "DorvikUsb"},
+        SKeyCase{"usb_without_serial_is_told_apart_by_its_guid",
+                 record("USB3Vision", "x", "V", "M", "", "G-0001"), "U3V\\V\\M\\\\G-0001", "U3V", "DorvikUsb"},
+        SKeyCase{"usb_with_serial_keeps_its_path", record("USB3Vision", "x", "V", "M", "S", "G-0001"),
+                 "U3V\\V\\M\\S", "U3V", "DorvikUsb"},
         SKeyCase{"emulation_uses_the_aravis_id", record("Fake", "Fake_1", "Aravis", "Fake", "1"), "Fake_1",
                  "CamEmu", "CamEmu"}),
     [](const testing::TestParamInfo<SKeyCase>& info) { return std::string(info.param.scenario); });

@@ -30,8 +30,13 @@ QString cameraKeyOf(const SDeviceRecord& record)
 {
     if (record.protocol == QLatin1String("USB3Vision")) {
         // Aravis gives iManufacturer, iProduct and iSerialNumber as vendor, model and serial.
-        return QString::fromStdWString(usbtopology::BuildUsbInstancePath(
+        const QString path = QString::fromStdWString(usbtopology::BuildUsbInstancePath(
             record.vendor.toStdString(), record.model.toStdString(), record.serial.toStdString()));
+        // Without a serial number two cameras of one model share the path; the
+        // device GUID of the camera's U3V descriptor tells them apart.
+        if (record.serial.isEmpty() && !record.physicalId.isEmpty())
+            return path + QLatin1Char('\\') + record.physicalId;
+        return path;
     }
     return record.id;
 }
