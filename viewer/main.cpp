@@ -1,5 +1,6 @@
 #include "CDeviceSelectorService.h"
 #include "CDeviceStateService.h"
+#include "CFirstScanWait.h"
 #include "CHostComponentPlugin.h"
 #include "CCameraSelectorPanel.h"
 #include "CLanguageSelector.h"
@@ -30,6 +31,11 @@
 #include <cstdio>
 
 using namespace Viewer;
+
+namespace {
+// Aravis waits a second for discovery answers; a scan is done well within this.
+constexpr int FirstScanLimitMs = 5000;
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -96,7 +102,11 @@ int main(int argc, char** argv)
     window.show();
 
     if (options.openBandwidthManager) {
-        QTimer::singleShot(0, &window, [&] {
+        // After the first discovery: opened before it, the dialog would find no camera to offer.
+        auto* firstScan = new CFirstScanWait(
+            Core::Plugin::getService<Plugin::CameraPool::ICameraEnumerationService>(manager).data(), FirstScanLimitMs,
+            &window);
+        QObject::connect(firstScan, &CFirstScanWait::settled, &window, [&] {
             if (Plugin::AppCore::ICommand* command = menus->command(Ids::BandwidthManagerCommand);
                 command && command->action()) {
                 command->action()->trigger();

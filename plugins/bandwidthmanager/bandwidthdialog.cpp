@@ -114,11 +114,12 @@ BandwidthDialog::BandwidthDialog(const Core::Plugin::PluginManagerWeakPtr& plugi
         const auto status = Core::Plugin::getService<Plugin::CameraPool::ICameraStatusService>(pluginManager);
         if (enumeration && status) {
             treeBandwidth->setOpenCameras(enumeration->openCameras());
-            connect(enumeration.data(), SIGNAL(enumerationChanged()), treeBandwidth, SLOT(refreshTree()));
+            // Through the dialog: a rebuilt tree changes what the hints and buttons say.
+            connect(enumeration.data(), SIGNAL(enumerationChanged()), this, SLOT(deviceListChanged()));
             // Queued: the measuring camera learns of the loss from the same signal, and must
             // have learnt it when the tree is rebuilt.
-            connect(status.data(), SIGNAL(cameraConnectionLost(Core::CameraPoolComponents::CameraInfoPtr)),
-                    treeBandwidth, SLOT(refreshTree()), Qt::QueuedConnection);
+            connect(status.data(), SIGNAL(cameraConnectionLost(Core::CameraPoolComponents::CameraInfoPtr)), this,
+                    SLOT(deviceListChanged()), Qt::QueuedConnection);
         }
     }
 

@@ -521,6 +521,22 @@ TEST_F(BandwidthDialogTest, AStopThatFailsStillEndsTheAnalysisAndItsTimers)
     EXPECT_FALSE(widget<QPushButton>(dialog, "btnStart")->isHidden());
 }
 
+// Opened before discovery found anything, the dialog follows the pool.
+TEST_F(BandwidthDialogTest, HintsAndButtonsFollowEveryRebuildOfTheTree)
+{
+    const auto enumeration = addService<CFakeCameraEnumerationService>();
+    addService<CFakeCameraStatusService>();
+    auto* tree = new CScriptedTree;
+    const auto dialog = makeDialog(tree);
+    ASSERT_TRUE(widget<QLabel>(dialog, "labelHintText")->text().startsWith(QStringLiteral("No camera connected!")));
+    EXPECT_FALSE(widget<QPushButton>(dialog, "btnStart")->isEnabled());
+
+    tree->cameras = tree->measured = 1;
+    emit enumeration->enumerationChanged();
+    EXPECT_TRUE(widget<QLabel>(dialog, "labelHintText")->text().startsWith(GeneralHintStart));
+    EXPECT_TRUE(widget<QPushButton>(dialog, "btnStart")->isEnabled());
+}
+
 TEST_F(BandwidthDialogTest, TreeErrorsGoToBothLogsWithoutTheirTimestamp)
 {
     const auto messageLog = addService<CFakeMessageLogService>();
