@@ -3,9 +3,11 @@
 # One GoogleTest binary registered as one CTest test. Every test gets its own
 # HOME and XDG folders under the build tree so that QSettings never touches the
 # user's own configuration, and widgets render offscreen. Under AddressSanitizer
-# every test reads the project's one leak suppression file.
+# every test reads the project's one leak suppression file, under
+# ThreadSanitizer its one race suppression file.
 find_package(GTest REQUIRED)
 set(BWM_LSAN_SUPPRESSIONS ${CMAKE_CURRENT_LIST_DIR}/lsan.supp)
+set(BWM_TSAN_SUPPRESSIONS ${CMAKE_CURRENT_LIST_DIR}/tsan.supp)
 
 function(bwm_add_test)
   cmake_parse_arguments(T "" "NAME;TIMEOUT" "SOURCES;LIBS;LABELS;ENV" ${ARGN})
@@ -20,6 +22,8 @@ function(bwm_add_test)
   file(MAKE_DIRECTORY ${home})
   if(BWM_SANITIZE STREQUAL "address")
     list(APPEND T_ENV LSAN_OPTIONS=suppressions=${BWM_LSAN_SUPPRESSIONS})
+  elseif(BWM_SANITIZE STREQUAL "thread")
+    list(APPEND T_ENV TSAN_OPTIONS=suppressions=${BWM_TSAN_SUPPRESSIONS})
   endif()
   add_test(NAME ${T_NAME} COMMAND ${T_NAME})
   set_tests_properties(${T_NAME} PROPERTIES

@@ -4,6 +4,10 @@
 #include <camerapool/CTransportLayer.h>
 #include <camerapool/CameraKey.h>
 
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+
 namespace CameraPool {
 
 CCameraEnumerationService::CCameraEnumerationService(bool enableEmulation, int rescanIntervalMs, QObject* parent)
@@ -72,11 +76,40 @@ QList<CCameraInfoPtr> CCameraEnumerationService::cameras() const
 
 ArvCamera* CCameraEnumerationService::openDevice(const QString& aravisId, QString* errorText)
 {
-    ArvCamera* camera = nullptr;
+    // A monitor of the standard library, not a blocking-queued call: the camera
+    // that Aravis makes on its thread is then handed over with an ordering the
+    // thread sanitiser sees; Qt's own is in a library it does not instrument.
+    struct SOpening
+    {
+        std::mutex mutex;
+        std::condition_variable finished;
+        QString id;
+        QString error;
+        ArvCamera* camera = nullptr;
+        bool done = false;
+    };
+    const auto opening = std::make_shared<SOpening>();
+    {
+        const std::lock_guard<std::mutex> lock(opening->mutex);
+        opening->id = aravisId;
+    }
     CAravisWorker* worker = m_worker;
     QMetaObject::invokeMethod(
-        worker, [&] { camera = worker->onOpen(aravisId, errorText); }, Qt::BlockingQueuedConnection);
-    return camera;
+        worker,
+        [worker, opening] {
+            {
+                const std::lock_guard<std::mutex> lock(opening->mutex);
+                opening->camera = worker->onOpen(opening->id, &opening->error);
+                opening->done = true;
+            }
+            opening->finished.notify_one();
+        },
+        Qt::QueuedConnection);
+    std::unique_lock<std::mutex> lock(opening->mutex);
+    opening->finished.wait(lock, [&] { return opening->done; });
+    if (errorText)
+        *errorText = opening->error;
+    return opening->camera;
 }
 
 void CCameraEnumerationService::discardDevice(ArvCamera* camera)
