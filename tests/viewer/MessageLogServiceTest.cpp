@@ -9,6 +9,8 @@
 #include <QStandardItem>
 #include <QThread>
 
+#include <thread>
+
 using namespace Viewer;
 
 namespace {
@@ -70,10 +72,8 @@ INSTANTIATE_TEST_SUITE_P(MessageLogService, Severity,
 TEST(MessageLogService, messagesFromOtherThreadsArriveOnTheGuiThread)
 {
     CMessageLogService log;
-    QThread* worker = QThread::create([&log] { log.addMessage(1, "worker", "from afar", QDateTime()); });
-    worker->start();
-    worker->wait();
-    delete worker;
+    std::thread worker([&log] { log.addMessage(1, "worker", "from afar", QDateTime()); });
+    worker.join();
     EXPECT_EQ(log.model()->rowCount(), 0) << "rows are added by the GUI thread only";
     QCoreApplication::processEvents();
     ASSERT_EQ(log.model()->rowCount(), 1);

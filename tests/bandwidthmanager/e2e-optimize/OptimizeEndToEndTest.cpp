@@ -303,9 +303,9 @@ protected:
                       << " errors)";
             EXPECT_GT(mbs, 0.0);
             // Frames lost on the way count as errors above; this holds the rate the
-            // camera reports to what arrives. 5 %: an emulator on a busy 2-core machine
-            // may fall behind its own schedule, which loses no frame.
-            EXPECT_NEAR(received, sent, std::max(0.05 * sent, 1.5 / seconds)) << "received as sent";
+            // camera reports to what arrives. 5 %, or two frames of a slow camera: an
+            // emulator on a busy 2-core machine may fall behind its own schedule.
+            EXPECT_NEAR(received, sent, std::max(0.05 * sent, 2.5 / seconds)) << "received as sent";
             sum += mbs;
         }
         std::cout << " (sum " << sum << " of " << linkMbps / 8.0 << ")" << std::endl;

@@ -25,8 +25,11 @@ void streamCallback(void* userData, ArvStreamCallbackType type, ArvBuffer* buffe
 {
     if (type != ARV_STREAM_CALLBACK_TYPE_BUFFER_DONE)
         return;
-    if (CAravisCamera* camera = static_cast<std::atomic<CAravisCamera*>*>(userData)->load())
+    auto* target = static_cast<CAravisCamera::SStreamTarget*>(userData);
+    target->busy.fetch_add(1);
+    if (CAravisCamera* camera = target->camera.load())
         camera->onBufferDone(buffer);
+    target->busy.fetch_sub(1);
 }
 
 void controlLostCallback(ArvDevice*, gpointer userData)
@@ -162,7 +165,8 @@ void CAravisCamera::createStreamLocked()
                                                                          : ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
     }
     m_frames.reset(payload);
-    m_streamTarget = new std::atomic<CAravisCamera*>(this);
+    m_streamTarget = new SStreamTarget;
+    m_streamTarget->camera.store(this);
     m_stream = arv_camera_create_stream(m_camera, streamCallback, m_streamTarget, error.out());
     error.check();
     if (!m_stream)
@@ -198,7 +202,7 @@ void CAravisCamera::destroyStreamLocked(bool stopAcquisition)
         if (m_isGigE || qstrncmp(name, "n_missing", 9) != 0)
             m_statisticsBase[name] += arv_stream_get_info_uint64_by_name(m_stream, name);
     }
-    std::atomic<CAravisCamera*>* target = m_streamTarget;
+    SStreamTarget* target = m_streamTarget;
     ArvStream* stream = m_stream;
     m_streamTarget = nullptr;
     m_stream = nullptr;
@@ -211,7 +215,10 @@ void CAravisCamera::destroyStreamLocked(bool stopAcquisition)
     // Aravis' teardown tells the camera to stop the stream channel and waits
     // for the answer that a dead camera never gives: elsewhere, so the caller
     // does not wait for the transport's timeouts. The stream stops calling us.
-    target->store(nullptr);
+    target->camera.store(nullptr);
+    // A callback that saw the camera before it was cleared finishes first.
+    while (target->busy.load() != 0)
+        std::this_thread::yield();
     std::thread([stream, target] {
         g_object_unref(stream);
         delete target;

@@ -1,10 +1,9 @@
 #include <camerapool/CParameterHub.h>
 
 #include <camerapool/CAravisCamera.h>
+#include <camerapool/CParameterReader.h>
 #include <camerapool/IRefreshable.h>
 
-#include <QCoreApplication>
-#include <QThreadPool>
 
 namespace CameraPool {
 
@@ -20,13 +19,13 @@ CParameterHub::CParameterHub(CAravisCamera* camera) : QObject(camera)
 
 ParameterCollection::ParameterPtr CParameterHub::cached(const QString& key) const
 {
-    const QMutexLocker lock(&m_entriesMutex);
+    const std::lock_guard<std::mutex> lock(m_entriesMutex);
     return m_entries.value(key).parameter.toStrongRef();
 }
 
 void CParameterHub::remember(const QString& key, const ParameterCollection::ParameterPtr& parameter)
 {
-    const QMutexLocker lock(&m_entriesMutex);
+    const std::lock_guard<std::mutex> lock(m_entriesMutex);
     m_entries.insert(key, SEntry{parameter.toWeakRef(), dynamic_cast<IRefreshable*>(parameter.data())});
 }
 
@@ -50,27 +49,13 @@ void CParameterHub::onPoll()
     refreshAll(QString());
 }
 
-QThreadPool* CParameterHub::readers()
-{
-    // One thread: the refreshes of a parameter never overlap, and a dead
-    // camera delays the others' polls for one timeout only.
-    // Owned by the application, whose end waits for the reads under way.
-    static QThreadPool* pool = [] {
-        auto* created = new QThreadPool(QCoreApplication::instance());
-        created->setMaxThreadCount(1);
-        created->setExpiryTimeout(-1);
-        return created;
-    }();
-    return pool;
-}
-
 void CParameterHub::refreshAll(const QString& forcedName)
 {
     // The strong references keep the parameters, and so their camera, alive
     // until the reads are done; the task touches nothing of the hub.
     QList<QPair<ParameterCollection::ParameterPtr, bool>> live;
     {
-        const QMutexLocker lock(&m_entriesMutex);
+        const std::lock_guard<std::mutex> lock(m_entriesMutex);
         for (auto it = m_entries.begin(); it != m_entries.end();) {
             if (ParameterCollection::ParameterPtr parameter = it->parameter.toStrongRef()) {
                 const bool forced = parameter->name() == forcedName;
@@ -84,7 +69,7 @@ void CParameterHub::refreshAll(const QString& forcedName)
     }
     if (live.isEmpty())
         return;
-    readers()->start([live] {
+    CParameterReader::instance().post([live] {
         for (const auto& entry : live)
             dynamic_cast<IRefreshable*>(entry.first.data())->refresh(entry.second);
     });

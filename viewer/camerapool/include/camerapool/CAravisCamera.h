@@ -71,6 +71,14 @@ public:
     CParameterHub* parameterHub() const { return m_hub; }
     bool isController() const { return m_isController; }
 
+    // What a stream's callback calls; cleared before a stream is let go on
+    // another thread, and deleted with the stream.
+    struct SStreamTarget
+    {
+        std::atomic<CAravisCamera*> camera{nullptr};
+        std::atomic<int> busy{0};
+    };
+
     // Called by Aravis: the first on the stream thread, the second on the heartbeat thread.
     void onBufferDone(ArvBuffer* buffer);
     void onControlLost();
@@ -104,9 +112,7 @@ private:
     ArvDevice* m_device = nullptr;
     ArvGc* m_genicam = nullptr;
     ArvStream* m_stream = nullptr;
-    // What the stream's callback calls; cleared before a stream is let go
-    // on another thread, and deleted with the stream.
-    std::atomic<CAravisCamera*>* m_streamTarget = nullptr;
+    SStreamTarget* m_streamTarget = nullptr;
     // The callback's view of m_stream.
     std::atomic<ArvStream*> m_liveStream{nullptr};
     std::function<void(ArvCamera*)> m_discard;

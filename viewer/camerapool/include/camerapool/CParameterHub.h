@@ -3,11 +3,10 @@
 #include <ParameterCollection/IParameter.h>
 
 #include <QHash>
-#include <QMutex>
 #include <QObject>
 #include <QTimer>
 
-class QThreadPool;
+#include <mutex>
 
 namespace CameraPool {
 
@@ -39,7 +38,6 @@ private slots:
     void onPoll();
 
 private:
-    static QThreadPool* readers();
     void refreshAll(const QString& forcedName);
 
     struct SEntry
@@ -47,7 +45,7 @@ private:
         QWeakPointer<ParameterCollection::IParameter> parameter;
         IRefreshable* refreshable = nullptr;
     };
-    mutable QMutex m_entriesMutex;
+    mutable std::mutex m_entriesMutex;
     QHash<QString, SEntry> m_entries;
     QTimer m_pollTimer;
 };
