@@ -340,6 +340,15 @@ TEST_F(GigECameraTest, LookupsByPrefixAlternativeAndKind)
     EXPECT_FALSE(collection->getParameter("PayloadSize")->isWritable());
     EXPECT_GT(collection->getIntegerParameter("@DeviceTransportLayer/HeartbeatTimeout")->getValue(), 0);
     EXPECT_TRUE(collection->getCategoryFeatures("Root").contains("ImageFormatControl"));
+    // A feature tree walks from Root through the categories: each must be a node it can open.
+    for (const QString& feature : collection->getCategoryFeatures("Root")) {
+        const ParameterPtr node = collection->getParameter(feature);
+        ASSERT_TRUE(node) << feature.toStdString();
+        EXPECT_EQ(node->kind(), ParameterCollection::EParameterKind::Category) << feature.toStdString();
+    }
+    // Aravis orders its visibilities Invisible, Guru, Expert, Beginner.
+    EXPECT_EQ(collection->getParameter("Width")->metaData().property("Visibility"), "Beginner");
+    EXPECT_EQ(collection->getParameter("TLParamsLocked")->metaData().property("Visibility"), "Invisible");
 }
 
 TEST_F(GigECameraTest, ChangesReachEveryCollectionOnTheGuiThread)

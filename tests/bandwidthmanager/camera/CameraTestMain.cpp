@@ -1,11 +1,12 @@
-// The camera backend delivers connection loss and scans through the event loop.
+// The camera backend delivers connection loss and scans through the event
+// loop; the configuration dialog needs widgets (offscreen).
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
+    QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

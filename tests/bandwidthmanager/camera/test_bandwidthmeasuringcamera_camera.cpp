@@ -1,5 +1,6 @@
 #include "CEmulatedCamera.h"
 
+#include "bandwidthcameraconfiguredialog.h"
 #include "bandwidthmeasuringcameragige.h"
 
 #include <camerapool/CameraPoolServices.h>
@@ -8,9 +9,12 @@
 
 #include <host/fakes/WaitUntil.h>
 
+#include <Utilities/FeatureTreeWidget.h>
+
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
+#include <QTreeView>
 #include <QTest>
 
 #include <unistd.h>
@@ -99,6 +103,25 @@ CEmulatedCamera MeasuringCameraOnEmulator::s_victim;
 bool MeasuringCameraOnEmulator::s_started = false;
 bool MeasuringCameraOnEmulator::s_discovered = false;
 CameraPool::SCameraPoolServices* MeasuringCameraOnEmulator::s_services = nullptr;
+
+// The "..." button's dialog shows the camera's features, category by category.
+TEST_F(MeasuringCameraOnEmulator, configurationDialogListsTheFeaturesOfTheCamera)
+{
+    const auto info = find(s_steady);
+    BandwidthCameraConfigureDialog dialog(nullptr, s_services->parameters->parameterCollection(info), info, 2);
+    const QAbstractItemModel* model = dialog.featureTree()->findChild<QTreeView*>()->model();
+    ASSERT_GT(model->rowCount(), 0) << "no category";
+    QStringList shown;
+    std::function<void(const QModelIndex&)> walk = [&](const QModelIndex& parent) {
+        for (int row = 0; row < model->rowCount(parent); ++row) {
+            shown << model->index(row, 0, parent).data().toString();
+            walk(model->index(row, 0, parent));
+        }
+    };
+    walk(QModelIndex());
+    for (const char* feature : {"Width", "PixelFormat", "GevSCPD", "AcquisitionFrameRate"})
+        EXPECT_TRUE(shown.contains(QString::fromLatin1(feature))) << feature << " in " << shown.join(", ").toStdString();
+}
 
 TEST_F(MeasuringCameraOnEmulator, countsAtTheFrameRateAndPayloadOfTheCamera)
 {

@@ -79,7 +79,8 @@ ParameterCollection::CParameterMetaData CNodeState::metaData(ArvGcNode* node)
         properties.insert(QStringLiteral("ToolTip"), QString::fromUtf8(text));
     if (const char* text = arv_gc_feature_node_get_description(feature))
         properties.insert(QStringLiteral("Description"), QString::fromUtf8(text));
-    static const char* const visibilities[] = {"Invisible", "Beginner", "Expert", "Guru"};
+    // In Aravis' order: ARV_GC_VISIBILITY_INVISIBLE, _GURU, _EXPERT, _BEGINNER.
+    static const char* const visibilities[] = {"Invisible", "Guru", "Expert", "Beginner"};
     const int visibility = arv_gc_feature_node_get_visibility(feature);
     properties.insert(QStringLiteral("Visibility"),
                       QString::fromLatin1(visibility >= 0 && visibility < 4 ? visibilities[visibility] : "Undefined"));

@@ -1,6 +1,7 @@
 #include <camerapool/CParameterFactory.h>
 
 #include <camerapool/CBooleanNodeParameter.h>
+#include <camerapool/CCategoryNodeParameter.h>
 #include <camerapool/CCommandNodeParameter.h>
 #include <camerapool/CEnumerationNodeParameter.h>
 #include <camerapool/CFloatNodeParameter.h>
@@ -27,12 +28,15 @@ enum class ENodeType
     Boolean,
     Command,
     String,
+    Category,
 };
 
 ENodeType nodeTypeOf(ArvGcNode* node)
 {
     if (!node || !ARV_IS_GC_FEATURE_NODE(node))
         return ENodeType::None;
+    if (ARV_IS_GC_CATEGORY(node))
+        return ENodeType::Category;
     if (ARV_IS_GC_ENUMERATION(node))
         return ENodeType::Enumeration;
     if (ARV_IS_GC_BOOLEAN(node))
@@ -83,6 +87,9 @@ ParameterCollection::ParameterPtr CParameterFactory::createDeviceNode(const CAra
         return ParameterCollection::ParameterPtr(new CCommandNodeParameter(camera, name));
     case ENodeType::String:
         return ParameterCollection::ParameterPtr(new CStringNodeParameter(camera, name));
+    case ENodeType::Category:
+        // Without them a feature tree, which walks from "Root" through its categories, stays empty.
+        return ParameterCollection::ParameterPtr(new CCategoryNodeParameter(camera, name));
     case ENodeType::None:
         break;
     }
