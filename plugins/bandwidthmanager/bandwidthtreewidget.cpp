@@ -240,10 +240,13 @@ void BandwidthTreeWidget::refreshTree()
     if (deferredWhileOptimizing([this] { refreshTree(); }))
         return;
     try {
+        QStringList lost;
         const std::vector<Plugin::BandwidthManager::CBandwidthMeasuringCamera*> measuring = cameras->cameras;
         for (Plugin::BandwidthManager::CBandwidthMeasuringCamera* camera : measuring) {
             if (!camera->isConnectionLost())
                 continue;
+            if (camera->getCameraInfo())
+                lost << camera->getCameraInfo()->key();
             for (FlatTreeItemID id = 1; id < flatTree->size(); ++id) {
                 FlatTreeItem& item = flatTree->item(id);
                 if (item.measuringCamera != camera)
@@ -279,6 +282,7 @@ void BandwidthTreeWidget::refreshTree()
             if (item.isAdapter && item.isGigE)
                 updateButtonState(id);
         }
+        markLostCameras(lost);
     } catch (const GenICam_3_1_Dorvik_zenta::GenericException& e) {
         Core::Logging::createLogEntry(Core::Logging::LogLevelFailure, logCategory(),
                                       QString::fromUtf8(e.GetDescription()));
@@ -288,6 +292,22 @@ void BandwidthTreeWidget::refreshTree()
         // The host's own exception is no std::exception; nothing may reach the event loop.
         Core::Logging::createLogEntry(Core::Logging::LogLevelFailure, logCategory(),
                                       Plugin::BandwidthManager::describeCurrentException(QStringLiteral("refreshing the tree")));
+    }
+}
+
+// A camera whose connection was lost keeps its row, marked, until the pool
+// drops it from its list and a later rebuild removes the row.
+void BandwidthTreeWidget::markLostCameras(const QStringList& keys)
+{
+    for (const QString& key : keys) {
+        const FlatTreeItemID id = flatTree->findByKey(key);
+        if (id == 0 || !flatTree->item(id).row)
+            continue;
+        QTreeWidgetItem* row = flatTree->item(id).row;
+        const QString toolTip = tr("Error accessing camera!") + QStringLiteral(" (") + tr("Connection lost") + QLatin1Char(')');
+        row->setIcon(0, errorIcon);
+        row->setToolTip(0, toolTip);
+        emit errorOccurred(key, toolTip, QDateTime::currentDateTime());
     }
 }
 

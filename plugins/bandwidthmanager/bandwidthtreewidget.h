@@ -121,6 +121,7 @@ private:
     FlatTreeItem* itemOfRow(const QTreeWidgetItem* pRow) const;
     bool isGigECamera(const FlatTreeItem& item) const;
     void refreshAllRows();
+    void markLostCameras(const QStringList& keys);
     double adapterBandwidth(const FlatTreeItem& adapter);
     SOptimizationResult optimizeCameras(const std::vector<FlatTreeItemID>& cameraIds, double budget);
     SOptimizationResult optimizeCamera(FlatTreeItemID id, double share, quint32 index);

@@ -271,7 +271,15 @@ TEST_P(ConnectionLoss, refreshTreeEndsTheLostMeasurementOnly)
     tree.startAcquisition();
 
     control->camera("gev-1")->loseConnection();
+    QSignalSpy errors(&tree, &BandwidthTreeWidget::errorOccurred);
     tree.refreshTree();
+    // The row stays, marked, and the loss goes to the logs once.
+    ASSERT_NE(row("gev-1"), nullptr);
+    EXPECT_FALSE(row("gev-1")->icon(0).isNull());
+    EXPECT_EQ(row("gev-1")->toolTip(0), QStringLiteral("Error accessing camera! (Connection lost)"));
+    ASSERT_EQ(errors.count(), 1);
+    EXPECT_EQ(errors[0][0].toString(), QStringLiteral("gev-1"));
+    EXPECT_TRUE(row("gev-2")->icon(0).isNull());
     EXPECT_EQ(tree.measuredCameraCount(), 1u);
     EXPECT_EQ(item("gev-1").measuringCamera, nullptr);
     EXPECT_EQ(row("gev-1")->checkState(0), Qt::Unchecked);

@@ -216,6 +216,10 @@
         <source>Error accessing camera!</source>
         <translation>カメラへのアクセス中にエラーが発生しました！</translation>
     </message>
+    <message>
+        <source>Connection lost</source>
+        <translation>接続が切れました</translation>
+    </message>
 </context>
 <context>
     <name>CameraConfigurationEditor</name>

@@ -216,6 +216,10 @@
         <source>Error accessing camera!</source>
         <translation>카메라에 액세스하는 중 오류가 발생했습니다!</translation>
     </message>
+    <message>
+        <source>Connection lost</source>
+        <translation>연결 끊김</translation>
+    </message>
 </context>
 <context>
     <name>CameraConfigurationEditor</name>

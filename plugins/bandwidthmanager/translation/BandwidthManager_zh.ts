@@ -216,6 +216,10 @@
         <source>Error accessing camera!</source>
         <translation>访问相机时出错！</translation>
     </message>
+    <message>
+        <source>Connection lost</source>
+        <translation>连接已断开</translation>
+    </message>
 </context>
 <context>
     <name>CameraConfigurationEditor</name>
