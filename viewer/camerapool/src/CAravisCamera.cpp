@@ -85,6 +85,8 @@ CAravisCamera::~CAravisCamera()
 // Aravis gives up on a GigE Vision command after 5 tries of 500 ms; a failure
 // that took a second or more was one of those, not a refusal by the camera.
 constexpr qint64 UnansweredNs = 1000000000;
+// Aravis declares a silent camera lost within about 5 s of heartbeats.
+constexpr qint64 SilenceNs = 10000000000;
 
 CAravisCamera::CTimeoutWatch::CTimeoutWatch(const CAravisCamera& camera)
     : m_camera(camera), m_exceptions(std::uncaught_exceptions()), m_startNs(QDeadlineTimer::current().deadlineNSecs())
@@ -93,8 +95,15 @@ CAravisCamera::CTimeoutWatch::CTimeoutWatch(const CAravisCamera& camera)
 
 CAravisCamera::CTimeoutWatch::~CTimeoutWatch()
 {
-    if (std::uncaught_exceptions() > m_exceptions && QDeadlineTimer::current().deadlineNSecs() - m_startNs >= UnansweredNs)
-        m_camera.m_unresponsive.store(true);
+    const qint64 now = QDeadlineTimer::current().deadlineNSecs();
+    if (std::uncaught_exceptions() > m_exceptions && now - m_startNs >= UnansweredNs)
+        m_camera.m_unresponsiveUntilNs.store(now + SilenceNs);
+}
+
+bool CAravisCamera::isUnresponsive() const
+{
+    const qint64 until = m_unresponsiveUntilNs.load();
+    return until != 0 && QDeadlineTimer::current().deadlineNSecs() < until;
 }
 
 void CAravisCamera::close()
@@ -122,7 +131,7 @@ std::unique_lock<std::recursive_mutex> CAravisCamera::lockForAccess() const
     // Checked before the lock as well: a dead camera's register access blocks for seconds.
     if (m_connectionLost.load())
         throwGenICam(QStringLiteral("The connection to the camera %1 is lost").arg(m_info->displayName()));
-    if (m_unresponsive.load())
+    if (isUnresponsive())
         throwGenICam(QStringLiteral("The camera %1 does not answer").arg(m_info->displayName()));
     std::unique_lock<std::recursive_mutex> guard(m_mutex);
     if (!m_camera)
@@ -190,7 +199,7 @@ void CAravisCamera::createStreamLocked()
 void CAravisCamera::destroyStreamLocked(bool stopAcquisition)
 {
     const bool wasGrabbing = m_grabbing.exchange(false);
-    const bool answers = !m_connectionLost.load() && !m_unresponsive.load();
+    const bool answers = !m_connectionLost.load() && !isUnresponsive();
     if (wasGrabbing && stopAcquisition && m_camera && answers) {
         CGErrorSink ignored;
         arv_camera_stop_acquisition(m_camera, ignored.out());

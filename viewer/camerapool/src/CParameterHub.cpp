@@ -42,10 +42,12 @@ void CParameterHub::stopPolling()
 void CParameterHub::onPoll()
 {
     const auto* camera = static_cast<const CAravisCamera*>(parent());
-    if (camera->isConnectionLost() || camera->isUnresponsive() || !camera->isOpen()) {
+    if (camera->isConnectionLost() || !camera->isOpen()) {
         m_pollTimer.stop();
         return;
     }
+    if (camera->isUnresponsive())
+        return;
     refreshAll(QString());
 }
 

@@ -35,9 +35,11 @@ public:
     Core::CameraPoolComponents::CameraInfoPtr cameraInfo() const override { return m_info; }
 
     bool isConnectionLost() const { return m_connectionLost.load(); }
-    // Set once an access failed only after the GigE Vision timeouts: later
-    // accesses raise at once instead of waiting for them again.
-    bool isUnresponsive() const { return m_unresponsive.load(); }
+    // For a while after an access failed only after the GigE Vision timeouts,
+    // accesses raise at once instead of waiting for them again. A while, not
+    // for good: on an overloaded link a live camera's answers can be lost too,
+    // and a dead one is declared lost by Aravis' heartbeat before it ends.
+    bool isUnresponsive() const;
     bool isOpen() const { return m_open.load(); }
     // Stops grabbing and gives the device back; later access raises.
     void close();
@@ -122,7 +124,8 @@ private:
 
     std::atomic<bool> m_grabbing{false};
     std::atomic<bool> m_connectionLost{false};
-    mutable std::atomic<bool> m_unresponsive{false};
+    // Monotonic ns until which the camera counts as not answering; 0 for none.
+    mutable std::atomic<qint64> m_unresponsiveUntilNs{0};
     std::atomic<bool> m_open{false};
     std::atomic<bool> m_copyFrames{false};
     std::atomic<qint64> m_maxNumBuffer{10};
