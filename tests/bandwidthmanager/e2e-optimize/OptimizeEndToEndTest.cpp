@@ -276,11 +276,13 @@ protected:
         std::cout << std::endl;
         EXPECT_EQ(delays, expectedDelays) << "staggered by one packet";
 
-        // Two ticks after the run, "fps Sent" is the rate the camera now keeps.
+        // Two ticks after the run, "fps Sent" is the rate the camera now keeps. Not
+        // while a camera dies: the pool's one reading thread then waits out its
+        // timeouts before it passes on the others' changes.
         QTest::qWait(2 * 250 + 50);
         for (const QString& key : keys) {
-            if (dead.contains(key))
-                continue;
+            if (!dead.isEmpty())
+                break;
             const double sent = floatNode(key, "ResultingFrameRate");
             EXPECT_NEAR(item(key)->fpsSent, sent, 0.02 * sent) << key.toStdString() << ": fps Sent after two ticks";
         }
