@@ -164,10 +164,10 @@ TEST_F(AnalysisEndToEnd, measuresTwoCamerasAndLosesOneAlone)
     ASSERT_NE(item(cameras[1])->measuringCamera, nullptr);
     EXPECT_EQ(item(cameras[1])->row->checkState(0), Qt::Checked);
     const double imagesBefore = number(cameras[1], 6);
-    QTest::qWait(1000);
-    EXPECT_GT(number(cameras[1], 6), imagesBefore + FramesPerSecond * 0.5);
-    // The rate is an estimate over the last second, which just saw the other
-    // camera torn down: a frame or so short on a slow (sanitised) build.
+    // Two seconds: the rate is an estimate over the last second, which is then
+    // clear of the other camera's teardown.
+    QTest::qWait(2000);
+    EXPECT_GT(number(cameras[1], 6), imagesBefore + FramesPerSecond);
     EXPECT_NEAR(number(cameras[1], 5), FramesPerSecond, FramesPerSecond * 0.08);
     EXPECT_EQ(item(cameras[1])->row->text(7), QStringLiteral("0")) << streamStatistics(cameras[1]);
     dialog.done(0);
