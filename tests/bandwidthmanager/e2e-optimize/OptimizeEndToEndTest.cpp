@@ -312,7 +312,11 @@ protected:
             // Frames lost on the way count as errors above; this holds the rate the
             // camera reports to what arrives. 5 %, or two frames of a slow camera: an
             // emulator on a busy 2-core machine may fall behind its own schedule.
-            EXPECT_NEAR(received, sent, std::max(0.05 * sent, 2.5 / seconds)) << "received as sent";
+            // Not while a camera died: the survivors then run paced close to their
+            // frame period, where an emulator on a busy machine falls behind.
+            if (dead.isEmpty()) {
+                EXPECT_NEAR(received, sent, std::max(0.05 * sent, 2.5 / seconds)) << "received as sent";
+            }
             sum += mbs;
         }
         std::cout << " (sum " << sum << " of " << linkMbps / 8.0 << ")" << std::endl;
