@@ -118,8 +118,8 @@ void CGvcpServer::receive(int fd, bool viaBroadcast)
 void CGvcpServer::printStats() const
 {
     const SStreamCounters& c = m_device.counters();
-    std::fprintf(stderr, "stats: frames %u packets %u dropped-for-size %u lost %u resent %u test-packets %u\n",
-                 c.frames.load(), c.packets.load(), c.droppedForSize.load(), c.droppedByLoss.load(),
+    std::fprintf(stderr, "stats: frames %u sent %u packets %u dropped-for-size %u lost %u resent %u test-packets %u\n",
+                 c.frames.load(), c.framesSent.load(), c.packets.load(), c.droppedForSize.load(), c.droppedByLoss.load(),
                  c.resent.load(), c.testPackets.load());
 }
 

@@ -311,8 +311,10 @@ void CGvspStreamer::sendDue(std::int64_t nowNs, const SStreamSettings& s)
             p.size = m_packetiser.build(f.info, f.nextPacket, buf);
             m_batch.push_back(p);
         }
-        if (++f.nextPacket == CPacketiser::packetCount(f.info))
+        if (++f.nextPacket == CPacketiser::packetCount(f.info)) {
             m_frames.pop_front();
+            ++m_counters.framesSent;
+        }
     }
     flush(s);
 }

@@ -182,6 +182,7 @@ EStatus CRegisterSpace::readVendor(std::uint32_t address, std::uint32_t& value) 
     case 0xA50C: value = n.droppedByLoss; break;
     case 0xA510: value = n.resent; break;
     case 0xA514: value = n.testPackets; break;
+    case 0xA518: value = n.framesSent; break;
     default: return eInvalidAddress;
     }
     return eSuccess;

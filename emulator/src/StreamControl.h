@@ -9,6 +9,8 @@ namespace gigeemu {
 
 struct SStreamCounters {
     std::atomic<std::uint32_t> frames{0};
+    // Frames whose every packet left: fewer than frames when the queue was full.
+    std::atomic<std::uint32_t> framesSent{0};
     std::atomic<std::uint32_t> packets{0};
     std::atomic<std::uint32_t> droppedForSize{0};
     std::atomic<std::uint32_t> droppedByLoss{0};

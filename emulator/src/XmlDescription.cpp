@@ -65,7 +65,8 @@ CXmlDescription::CXmlDescription(const SConfig& config)
                                        "GevSCPHostPort", "GevSCDA", "GevSCPD", "GevSCFTD", "GevSCDCT",
                                        "GevHeartbeatTimeout", "GevLinkSpeed", "GevTimestampTickFrequency"});
     category("EmulatorStatistics", {"EmulatorFramesProduced", "EmulatorPacketsSent", "EmulatorPacketsDroppedForSize",
-                                    "EmulatorPacketsLost", "EmulatorPacketsResent", "EmulatorTestPacketsSent"});
+                                    "EmulatorPacketsLost", "EmulatorPacketsResent", "EmulatorTestPacketsSent",
+                                    "EmulatorFramesSent"});
 
     stringReg("DeviceVendorName", 0x0048, 32, "RO");
     stringReg("DeviceModelName", 0x0068, 32, "RO");
@@ -164,7 +165,8 @@ CXmlDescription::CXmlDescription(const SConfig& config)
     const std::pair<const char*, std::uint32_t> counters[] = {
         {"EmulatorFramesProduced", 0xA500}, {"EmulatorPacketsSent", 0xA504},
         {"EmulatorPacketsDroppedForSize", 0xA508}, {"EmulatorPacketsLost", 0xA50C},
-        {"EmulatorPacketsResent", 0xA510}, {"EmulatorTestPacketsSent", 0xA514}};
+        {"EmulatorPacketsResent", 0xA510}, {"EmulatorTestPacketsSent", 0xA514},
+        {"EmulatorFramesSent", 0xA518}};
     for (const auto& [name, address] : counters) {
         integer(name, std::string(name) + "Reg", "<Min>0</Min><Max>4294967295</Max>");
         intReg(std::string(name) + "Reg", address, "RO");

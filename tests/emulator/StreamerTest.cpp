@@ -217,7 +217,27 @@ TEST(Streamer, FramesOfAClosedChannelAreCountedNotSent)
     rig.model.startAcquisition();
     rig.runFor(0.1);
     EXPECT_EQ(rig.streamer.counters().frames, 3u);
+    EXPECT_EQ(rig.streamer.counters().framesSent, 0u);
     EXPECT_TRUE(rig.sink.m_sent.empty());
+}
+
+// A camera lowers its frame rate to what its pacing lets through rather than
+// fill its queue: every frame it produces is sent.
+TEST(Streamer, PacingSlowerThanTheFramePeriodLowersTheRateAndLosesNoFrame)
+{
+    for (const double periodsPerFrame : {0.8, 2.0}) {
+        SCOPED_TRACE(periodsPerFrame);
+        CStreamRig rig(vga(1000));
+        rig.model.setFrameRateEnable(1);
+        rig.model.setFrameRate(20);
+        const double packets = std::ceil(640.0 * 480 / (1500 - 36));
+        rig.model.setScpd(std::uint32_t(periodsPerFrame * 0.05e9 / packets));
+        rig.model.startAcquisition();
+        rig.runFor(4.0);
+        const double frames = rig.streamer.counters().frames;
+        EXPECT_NEAR(frames, 80 / std::max(1.0, periodsPerFrame), 2.0);
+        EXPECT_NEAR(rig.streamer.counters().framesSent, frames, 1.0);
+    }
 }
 
 TEST(Streamer, OversizedPacketsAreDroppedForSize)

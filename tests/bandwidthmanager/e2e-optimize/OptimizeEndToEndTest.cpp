@@ -56,6 +56,7 @@ struct SReading
     std::vector<double> payloadMBs;
     std::vector<qint64> errors;
     std::vector<qint64> images;
+    std::vector<qint64> framesSent; // the emulator's own count, -1 where it did not answer
     SLinkCounters link;
     SLinkCounters linkB;
     qint64 total() const { return std::accumulate(std::begin(errors), std::end(errors), qint64(0)); }
@@ -198,20 +199,24 @@ protected:
         counters.dropped = field("dropped");
         return counters;
     }
-    // A fresh sample, so that a reading counts up to the moment it is taken.
-    SReading read() const
+    // A fresh sample, so that a reading counts up to the moment it is taken. The
+    // emulators' counters only where the link is not overloaded: a register read
+    // that times out there would have the pool take the camera for dead.
+    SReading read(bool emulatorCounters = false) const
     {
         tree->updateSamples();
         SReading reading;
         reading.payloadMBs.resize(keys.size());
         reading.errors.resize(keys.size());
         reading.images.resize(keys.size());
+        reading.framesSent.resize(keys.size());
         for (int i = 0; i < cameraCount(); ++i) {
             // The column rounds to whole MB/s above 1 MB/s; the sum is checked on the exact figure.
             const FlatTreeItem* row = item(keys[i]);
             reading.payloadMBs[i] = row ? double(row->payloadReceived) / 1e6 : -1.0;
             reading.errors[i] = qint64(number(keys[i], 7));
             reading.images[i] = qint64(number(keys[i], 6));
+            reading.framesSent[i] = emulatorCounters ? node(keys[i], "EmulatorFramesSent") : -1;
         }
         reading.link = linkCounters();
         reading.linkB = linkCounters("BWM_NET_B_STATS");
@@ -286,41 +291,59 @@ protected:
             const double sent = floatNode(key, "ResultingFrameRate");
             EXPECT_NEAR(item(key)->fpsSent, sent, 0.02 * sent) << key.toStdString() << ": fps Sent after two ticks";
         }
+        expectSlowCamerasKeepTheirRate(dead);
 
         QTest::qWait(SettleMs);
-        const SReading start = read();
+        const SReading start = read(true);
         QTest::qWait(WatchMs);
-        const SReading after = read();
+        const SReading after = read(true);
         report("after", after, start, WatchMs / 1000.0);
         EXPECT_EQ(after.link.dropped, start.link.dropped) << "the link still drops";
         // A sample counts whole frames of its last quarter second; the watch's
         // images give the rate that the link really carried.
         const double seconds = WatchMs / 1000.0;
         double sum = 0.0;
-        std::cout << "[optimize-e2e] payload MB/s, fps received/sent over the watch:";
+        std::cout << "[optimize-e2e] payload MB/s, fps received/sent by the emulator/reported over the watch:";
         for (int i = 0; i < cameraCount(); ++i) {
             if (dead.contains(keys[i]))
                 continue;
             SCOPED_TRACE(keys[i].toStdString());
             EXPECT_EQ(after.errors[i], start.errors[i]) << "new errors after optimizing";
-            const double received = double(after.images[i] - start.images[i]) / seconds;
-            const double sent = floatNode(keys[i], "ResultingFrameRate");
+            const qint64 images = after.images[i] - start.images[i];
+            const qint64 emitted = after.framesSent[i] - start.framesSent[i];
+            const double received = double(images) / seconds;
             const double mbs = received * double(node(keys[i], "PayloadSize")) / 1e6;
-            std::cout << ' ' << mbs << " (" << received << '/' << sent << ", +" << after.errors[i] - start.errors[i]
+            std::cout << ' ' << mbs << " (" << received << '/' << double(emitted) / seconds << '/'
+                      << floatNode(keys[i], "ResultingFrameRate") << ", +" << after.errors[i] - start.errors[i]
                       << " errors)";
             EXPECT_GT(mbs, 0.0);
-            // Frames lost on the way count as errors above; this holds the rate the
-            // camera reports to what arrives. 5 %, or two frames of a slow camera: an
-            // emulator on a busy 2-core machine may fall behind its own schedule.
-            // Not while a camera died: the survivors then run paced close to their
-            // frame period, where an emulator on a busy machine falls behind.
-            if (dead.isEmpty()) {
-                EXPECT_NEAR(received, sent, std::max(0.05 * sent, 2.5 / seconds)) << "received as sent";
-            }
+            // Every frame that left the camera arrived whole; the counts are read a
+            // few milliseconds apart, a frame may be in flight. Whether an emulator
+            // on a busy machine keeps its own schedule is not this test's business.
+            EXPECT_NEAR(double(images), double(emitted), 2.0) << "frames the camera sent arrived";
             sum += mbs;
         }
         std::cout << " (sum " << sum << " of " << linkMbps / 8.0 << ")" << std::endl;
         EXPECT_LE(sum, linkMbps / 8.0 * 0.9);
+    }
+
+    // Water filling serves in full every camera that needs less than an equal
+    // share of the budget, pacing margin included: pacing must not slow it down.
+    void expectSlowCamerasKeepTheirRate(const QStringList& dead)
+    {
+        const int alive = cameraCount() - int(dead.size());
+        const double equalShare = 0.9 * linkMbps / 8.0 * 1e6 / std::max(1, alive);
+        for (const QString& key : keys) {
+            if (dead.contains(key))
+                continue;
+            const double wanted = floatNode(key, "AcquisitionFrameRate");
+            const double need = double(node(key, "PayloadSize")) * wanted / 0.8;
+            if (wanted > 0 && need < equalShare) {
+                EXPECT_NEAR(floatNode(key, "ResultingFrameRate"), wanted, 0.01 * wanted)
+                    << key.toStdString() << " needs " << need / 1e6 << " MB/s of an equal share of "
+                    << equalShare / 1e6;
+            }
+        }
     }
 
     double floatNode(const QString& key, const char* name) const
