@@ -153,10 +153,17 @@ TEST_F(MeasuringCameraOnEmulator, countsAtTheFrameRateAndPayloadOfTheCamera)
     EXPECT_TRUE(sample.timestamp.isValid());
 }
 
-TEST_F(MeasuringCameraOnEmulator, incompleteFramesAreErrorsNotImages)
+// Packets lost on the way fail frames; with one buffer, the frames that come
+// while a failed one waits out its retention find none. Each frame the camera
+// sent counts once: good, failed, or lost (and a lost one in both columns).
+TEST_F(MeasuringCameraOnEmulator, everyFrameSentCountsOnceUnderLossAndUnderrun)
 {
     const auto measuring = measure(s_lossy);
     ASSERT_TRUE(measuring);
+    const auto parameters = measuring->getParameters();
+    const auto buffers = parameters->getIntegerParameter(QStringLiteral("@StreamGrabber0/MaxNumBuffer"));
+    const auto framesSent = parameters->getIntegerParameter(QStringLiteral("EmulatorFramesSent"));
+    ASSERT_TRUE(buffers && framesSent);
     const auto camera = s_services->control->acquireCamera(measuring->getCameraInfo());
     ASSERT_TRUE(camera);
     std::atomic<quint64> succeeded{0};
@@ -166,18 +173,27 @@ TEST_F(MeasuringCameraOnEmulator, incompleteFramesAreErrorsNotImages)
         [&](const auto&, const Zenta::CGrabResultPtr& result) { ++(result->GrabSucceeded() ? succeeded : failed); },
         Qt::DirectConnection);
 
+    const qint64 buffersBefore = buffers->getValue();
+    buffers->setValue(1, ParameterCollection::CorrectionNone);
+    const qint64 sentBefore = framesSent->getValue();
     measuring->startMeasuring();
-    const bool sawFailures = HostFakes::waitUntil([&] { return failed >= 5 && succeeded >= 5; }, 10000);
+    const bool sawLoss = HostFakes::waitUntil(
+        [&] { return failed >= 5 && succeeded >= 5 && measuring->getSample().errors > failed; }, 15000);
     measuring->stopMeasuring();
+    const qint64 sent = framesSent->getValue() - sentBefore;
+    buffers->setValue(buffersBefore, ParameterCollection::CorrectionNone);
     QObject::disconnect(camera.data(), &Plugin::CameraPool::ICamera::cameraImageGrabbed, camera.data(), nullptr);
     s_services->control->releaseCamera(camera);
-    ASSERT_TRUE(sawFailures) << succeeded << " good, " << failed << " failed";
+    ASSERT_TRUE(sawLoss) << succeeded << " good, " << failed << " failed";
 
-    // Frames the stream grabber lost altogether count in both; the rest is exact.
     const SBandwidthSample sample = measuring->getSample();
     ASSERT_GE(sample.errors, failed.load());
     const quint64 lost = sample.errors - failed;
     EXPECT_EQ(sample.images, succeeded + lost);
+    const quint64 counted = succeeded + failed + lost;
+    EXPECT_LE(counted, quint64(sent)) << succeeded << " good, " << failed << " failed, " << lost << " lost";
+    // The frames on their way when the grab stopped are nowhere.
+    EXPECT_GE(counted + 3, quint64(sent)) << succeeded << " good, " << failed << " failed, " << lost << " lost";
 }
 
 TEST_F(MeasuringCameraOnEmulator, killedCameraIsReportedLostAndStopsMeasuring)

@@ -18,8 +18,8 @@ namespace CameraPool {
 
 namespace {
 
-const char* const StatisticNames[] = {"n_completed_buffers", "n_failures",        "n_underruns",       "n_missing_frames",
-                                      "n_missing_packets",   "n_resend_requests", "n_resent_packets"};
+const char* const StatisticNames[] = {"n_completed_buffers", "n_failures", "n_missing_packets", "n_resend_requests",
+                                      "n_resent_packets"};
 
 void streamCallback(void* userData, ArvStreamCallbackType type, ArvBuffer* buffer)
 {
@@ -73,6 +73,7 @@ CAravisCamera::CAravisCamera(const CCameraInfoPtr& info, ArvCamera* camera, std:
         arv_gv_device_set_packet_size_adjustment(gv, ARV_GV_PACKET_SIZE_ADJUSTMENT_NEVER);
         m_isController = arv_gv_device_is_controller(gv);
     }
+    m_gaps = std::make_unique<CFrameGapCounter>(m_isGigE);
     m_controlLostHandler = g_signal_connect(m_device, "control-lost", G_CALLBACK(controlLostCallback), this);
     m_hub = new CParameterHub(this);
 }
@@ -174,6 +175,7 @@ void CAravisCamera::createStreamLocked()
                                                                          : ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
     }
     m_frames.reset(payload);
+    m_gaps->restart();
     m_streamTarget = new SStreamTarget;
     m_streamTarget->camera.store(this);
     m_stream = arv_camera_create_stream(m_camera, streamCallback, m_streamTarget, error.out());
@@ -243,6 +245,8 @@ void CAravisCamera::onBufferDone(ArvBuffer*)
     size_t received = 0;
     const void* data = arv_buffer_get_data(buffer, &received);
     const bool success = arv_buffer_get_status(buffer) == ARV_BUFFER_STATUS_SUCCESS;
+    // On the stream thread, which alone writes the count it reads.
+    m_gaps->onBuffer(arv_buffer_get_frame_id(buffer), arv_stream_get_info_uint64_by_name(stream, "n_underruns"));
     (success ? m_grabbed : m_failed).fetch_add(1, std::memory_order_relaxed);
     if (success && m_copyFrames.load(std::memory_order_relaxed)
         && arv_buffer_get_payload_type(buffer) == ARV_BUFFER_PAYLOAD_TYPE_IMAGE) {
@@ -274,6 +278,10 @@ void CAravisCamera::setMaxNumBuffer(qint64 count)
 
 quint64 CAravisCamera::streamStatistic(const char* name) const
 {
+    if (qstrcmp(name, "n_underruns") == 0)
+        return m_gaps->underrunFrames();
+    if (qstrcmp(name, "n_missing_frames") == 0)
+        return m_gaps->missedFrames();
     std::lock_guard<std::recursive_mutex> guard(m_mutex);
     quint64 value = m_statisticsBase.value(name);
     if (m_stream)

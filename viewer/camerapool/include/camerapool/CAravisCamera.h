@@ -2,11 +2,13 @@
 
 #include <camerapool/CCameraInfo.h>
 #include <camerapool/CFrameExchange.h>
+#include <camerapool/CFrameGapCounter.h>
 
 #include <Plugin/CameraPool/ICamera.h>
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <mutex>
 
 typedef struct _ArvCamera ArvCamera;
@@ -57,7 +59,8 @@ public:
     bool isGigE() const { return m_isGigE; }
     qint64 maxNumBuffer() const { return m_maxNumBuffer.load(); }
     void setMaxNumBuffer(qint64 count);
-    // A counter of the stream by Aravis' name ("n_failures", ...), kept across restarts.
+    // A counter of the stream by Aravis' name ("n_failures", ...), kept across restarts;
+    // "n_underruns" and "n_missing_frames" count frames.
     quint64 streamStatistic(const char* name) const;
     // Aravis' packet-size probe, with the stream torn down and rebuilt around it.
     void probePacketSize();
@@ -132,6 +135,8 @@ private:
     std::atomic<quint64> m_grabbed{0};
     std::atomic<quint64> m_failed{0};
     QMap<QByteArray, quint64> m_statisticsBase;
+    // Replaces Aravis' underrun and missed-frame counts, which are not per frame.
+    std::unique_ptr<CFrameGapCounter> m_gaps;
     CFrameExchange m_frames;
     CParameterHub* m_hub = nullptr;
 };
