@@ -470,7 +470,11 @@ void BandwidthDialog::updateHints()
     } else if (m_analysisRunning) {
         setHintLine(tr("Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera using the "
                        "controls in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop Analysis</b> to stop the "
-                       "analysis."),
+                       "analysis.")
+                        + (ui.treeBandwidth->measuredCameraCount() == 0
+                               ? tr("<br/><br/><b>No camera is being measured.</b> A camera lost during the analysis "
+                                    "is measured again when it comes back.")
+                               : QString()),
                     InfoIcon);
     } else {
         qint64 limit = -1;

@@ -283,6 +283,7 @@ void BandwidthTreeWidget::refreshTree()
                 updateButtonState(id);
         }
         markLostCameras(lost);
+        resumeReturnedCameras(lost);
     } catch (const GenICam_3_1_Dorvik_zenta::GenericException& e) {
         Core::Logging::createLogEntry(Core::Logging::LogLevelFailure, logCategory(),
                                       QString::fromUtf8(e.GetDescription()));
@@ -308,6 +309,29 @@ void BandwidthTreeWidget::markLostCameras(const QStringList& keys)
         row->setIcon(0, errorIcon);
         row->setToolTip(0, toolTip);
         emit errorOccurred(key, toolTip, QDateTime::currentDateTime());
+    }
+}
+
+void BandwidthTreeWidget::resumeReturnedCameras(const QStringList& lost)
+{
+    if (cameras->running) {
+        for (const QString& key : lost)
+            m_resumeKeys.insert(key);
+    }
+    QSet<QString> shown;
+    for (FlatTreeItemID id = 1; id < flatTree->size(); ++id) {
+        const FlatTreeItem& item = flatTree->item(id);
+        if (item.isCamera && item.cameraInfo)
+            shown.insert(item.cameraInfo->key());
+    }
+    // A row that stayed through the loss is the dead camera itself; only one
+    // that went and came back is a camera to open again. One attempt: a failure
+    // shows on the row.
+    const QSet<QString> returned = m_resumeKeys & (shown - m_keysShown);
+    m_keysShown = shown;
+    for (const QString& key : returned) {
+        m_resumeKeys.remove(key);
+        startCameraByKey(key);
     }
 }
 
@@ -575,6 +599,7 @@ void BandwidthTreeWidget::stopAcquisition()
     if (deferredWhileOptimizing([this] { stopAcquisition(); }))
         return;
     cameras->running = false;
+    m_resumeKeys.clear();
     // Every camera is stopped, whichever of them fails.
     for (Plugin::BandwidthManager::CBandwidthMeasuringCamera* camera : cameras->cameras) {
         try {

@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QList>
 #include <QMetaType>
+#include <QSet>
 #include <QSignalMapper>
 #include <QString>
 #include <QStringList>
@@ -146,6 +147,11 @@ private:
     std::map<FlatTreeItemID, qint64> m_delaysBeforeRun;
     bool m_optimizing = false;
     std::vector<std::function<void()>> m_afterRun;
+    // Cameras lost while measured during the analysis: measured again when
+    // their key comes back after an absence (a cable pulled, an adapter down).
+    QSet<QString> m_resumeKeys;
+    QSet<QString> m_keysShown;
+    void resumeReturnedCameras(const QStringList& lost);
 };
 
 Q_DECLARE_METATYPE(BandwidthTreeWidget::SOptimizationResult)

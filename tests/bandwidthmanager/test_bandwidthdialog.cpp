@@ -300,6 +300,7 @@ struct SHintCase
     qint64 limit;
     QString icon;
     QString text; // a text ending in "..." is a prefix
+    int measured = -1; // -1: every camera
 };
 
 class HintLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SHintCase>
@@ -311,7 +312,7 @@ TEST_P(HintLine, FirstMatchingRuleWins)
     const SHintCase& c = GetParam();
     auto* tree = new CScriptedTree;
     tree->cameras = c.cameras;
-    tree->measured = c.cameras;
+    tree->measured = c.measured < 0 ? c.cameras : size_t(c.measured);
     tree->softwareTriggered = c.software;
     tree->hardwareTriggered = c.hardware;
     tree->kind = c.kind;
@@ -349,6 +350,13 @@ INSTANTIATE_TEST_SUITE_P(
         SHintCase{"running", 1, {}, {}, true, 2, 5000000, InfoIcon,
                   "Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera using the controls "
                   "in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop Analysis</b> to stop the analysis."},
+        // Every measured camera was lost during the analysis.
+        SHintCase{"running_with_nothing_measured", 1, {}, {}, true, 2, -1, InfoIcon,
+                  "Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera using the controls "
+                  "in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop Analysis</b> to stop the analysis."
+                  "<br/><br/><b>No camera is being measured.</b> A camera lost during the analysis is measured again "
+                  "when it comes back.",
+                  0},
         SHintCase{"camera_with_a_limit", 1, {}, {}, false, 2, 5000000, InfoIcon,
                   "The current value for <b>Cam A</b> is: <b>..."},
         SHintCase{"camera_without_a_limit", 1, {}, {}, false, 2, -1, InfoIcon, GeneralHintStart + "..."},

@@ -291,6 +291,59 @@ TEST_P(ConnectionLoss, refreshTreeEndsTheLostMeasurementOnly)
 INSTANTIATE_TEST_SUITE_P(Refresh, ConnectionLoss, ::testing::Values(false, true),
                          [](const auto& info) { return info.param ? "held_open_by_the_viewer" : "opened_here"; });
 
+struct SOutageCase
+{
+    const char* name;
+    bool goneFromTheList;
+    bool analysisStoppedMeanwhile;
+    bool measuredAgain;
+};
+
+class Outage : public TreeWidgetTest, public ::testing::WithParamInterface<SOutageCase>
+{
+};
+
+// A camera lost during the analysis is measured again once it went from the
+// pool's list and came back with the same key; the dead camera's own row is
+// not opened again, nor a camera after the analysis ended.
+TEST_P(Outage, aReturningCameraIsMeasuredAgainOnlyAfterAnAbsenceDuringTheAnalysis)
+{
+    const SOutageCase& c = GetParam();
+    const auto layer = enumeration->addTransportLayer("DorvikGigE", {g1, g2});
+    tree.refreshTree();
+    ASSERT_TRUE(tree.startCameraByKey("gev-1"));
+    tree.startAcquisition();
+    control->camera("gev-1")->loseConnection();
+    tree.refreshTree();
+    ASSERT_EQ(tree.measuredCameraCount(), 0u);
+    if (c.goneFromTheList) {
+        layer->setCameras({g2});
+        tree.refreshTree();
+    }
+    if (c.analysisStoppedMeanwhile) {
+        tree.stopAcquisition();
+        tree.startAcquisition();
+    }
+    layer->setCameras({g1, g2});
+    tree.refreshTree();
+    tree.refreshTree();
+
+    EXPECT_EQ(tree.measuredCameraCount(), c.measuredAgain ? 1u : 0u);
+    ASSERT_NE(row("gev-1"), nullptr);
+    EXPECT_EQ(row("gev-1")->checkState(0), c.measuredAgain ? Qt::Checked : Qt::Unchecked);
+    if (c.measuredAgain) {
+        EXPECT_TRUE(control->camera("gev-1")->isGrabbing());
+    }
+    EXPECT_EQ(row("gev-2")->checkState(0), Qt::Unchecked) << "only what was measured";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Refresh, Outage,
+    ::testing::Values(SOutageCase{"came_back", true, false, true},
+                      SOutageCase{"never_left_the_list", false, false, false},
+                      SOutageCase{"analysis_stopped_meanwhile", true, true, false}),
+    [](const auto& info) { return std::string(info.param.name); });
+
 TEST_F(TreeWidgetTest, acquisitionGrabsCountsAndStops)
 {
     enumeration->addTransportLayer("DorvikGigE", {g1});

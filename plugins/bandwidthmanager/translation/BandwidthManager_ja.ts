@@ -103,6 +103,10 @@
         <translation>帯域幅を解析しています。&lt;br/&gt;&lt;b&gt;帯域幅 (MB/s)&lt;/b&gt; 列のコントロールを使用して、カメラが使用する帯域幅を制限できます。&lt;br/&gt;解析を停止するには &lt;b&gt;解析を停止&lt;/b&gt; をクリックしてください。</translation>
     </message>
     <message>
+        <source>&lt;br/&gt;&lt;br/&gt;&lt;b&gt;No camera is being measured.&lt;/b&gt; A camera lost during the analysis is measured again when it comes back.</source>
+        <translation>&lt;br/&gt;&lt;br/&gt;&lt;b&gt;計測中のカメラはありません。&lt;/b&gt; 解析中に失われたカメラは、再接続されると再び計測されます。</translation>
+    </message>
+    <message>
         <source>B/s</source>
         <translation>B/s</translation>
     </message>

@@ -103,6 +103,10 @@
         <translation>대역폭을 분석하는 중입니다.&lt;br/&gt;&lt;b&gt;대역폭(MB/s)&lt;/b&gt; 열의 컨트롤을 사용하여 카메라가 사용하는 대역폭을 제한할 수 있습니다.&lt;br/&gt;분석을 중지하려면 &lt;b&gt;분석 중지&lt;/b&gt;를 클릭하십시오.</translation>
     </message>
     <message>
+        <source>&lt;br/&gt;&lt;br/&gt;&lt;b&gt;No camera is being measured.&lt;/b&gt; A camera lost during the analysis is measured again when it comes back.</source>
+        <translation>&lt;br/&gt;&lt;br/&gt;&lt;b&gt;측정 중인 카메라가 없습니다.&lt;/b&gt; 분석 중에 연결이 끊긴 카메라는 다시 연결되면 다시 측정됩니다.</translation>
+    </message>
+    <message>
         <source>B/s</source>
         <translation>B/s</translation>
     </message>

@@ -103,6 +103,10 @@
         <translation>正在分析带宽。&lt;br/&gt;您可以使用&lt;b&gt;带宽 (MB/s)&lt;/b&gt;列中的控件限制相机使用的带宽。&lt;br/&gt;单击&lt;b&gt;停止分析&lt;/b&gt;可停止分析。</translation>
     </message>
     <message>
+        <source>&lt;br/&gt;&lt;br/&gt;&lt;b&gt;No camera is being measured.&lt;/b&gt; A camera lost during the analysis is measured again when it comes back.</source>
+        <translation>&lt;br/&gt;&lt;br/&gt;&lt;b&gt;没有正在测量的相机。&lt;/b&gt; 分析期间丢失的相机重新连接后将再次被测量。</translation>
+    </message>
+    <message>
         <source>B/s</source>
         <translation>B/s</translation>
     </message>

@@ -48,10 +48,7 @@ protected:
             auto& camera = cameras[index];
             camera.serial = QStringLiteral("BWT%1%2").arg(pid % 100000).arg(QChar('A' + index));
             camera.address = QStringLiteral("127.%1.%2.%3").arg(100 + pid % 100).arg((pid / 100) % 250).arg(2 + index);
-            ASSERT_TRUE(camera.process.start({GIGE_EMULATOR_PATH, "--address", camera.address, "--serial",
-                                              camera.serial, "--width", "640", "--height", "480", "--packet-size", "8192", "--fps",
-                                              QString::number(FramesPerSecond)}))
-                << "emulator on " << camera.address.toStdString();
+            ASSERT_TRUE(startEmulator(camera)) << "emulator on " << camera.address.toStdString();
         }
         Core::Logging::setStderrEnabled(qEnvironmentVariableIsSet("BWM_E2E_LOG"));
         CameraPool::SCameraPoolOptions options;
@@ -60,6 +57,18 @@ protected:
 #endif
     }
     void TearDown() override { Core::Logging::setStderrEnabled(true); }
+
+    static bool startEmulator(SCamera& camera)
+    {
+#ifdef GIGE_EMULATOR_PATH
+        return camera.process.start({GIGE_EMULATOR_PATH, "--address", camera.address, "--serial", camera.serial,
+                                     "--width", "640", "--height", "480", "--packet-size", "8192", "--fps",
+                                     QString::number(FramesPerSecond)});
+#else
+        Q_UNUSED(camera);
+        return false;
+#endif
+    }
 
     bool discovered()
     {
@@ -170,6 +179,14 @@ TEST_F(AnalysisEndToEnd, measuresTwoCamerasAndLosesOneAlone)
     EXPECT_GT(number(cameras[1], 6), imagesBefore + FramesPerSecond);
     EXPECT_NEAR(number(cameras[1], 5), FramesPerSecond, FramesPerSecond * 0.08);
     EXPECT_EQ(item(cameras[1])->row->text(7), QStringLiteral("0")) << streamStatistics(cameras[1]);
+
+    // Back on the same address: once the pool has dropped it and found it
+    // again, it is measured again without a tick.
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return !item(cameras[0]); }, 30000)) << "the pool keeps the dead camera";
+    ASSERT_TRUE(startEmulator(cameras[0]));
+    ASSERT_TRUE(HostFakes::waitUntil([&] { return item(cameras[0]) && item(cameras[0])->measuringCamera; }, 30000));
+    EXPECT_EQ(item(cameras[0])->row->checkState(0), Qt::Checked);
+    EXPECT_TRUE(HostFakes::waitUntil([&] { return number(cameras[0], 6) > 0; }, 5000)) << "images after the return";
     dialog.done(0);
 }
 
