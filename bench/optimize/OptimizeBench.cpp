@@ -1,6 +1,8 @@
 // Wall time of the Optimize button of one adapter with N emulated GigE cameras
-// on loopback, and how many times each camera's inter-packet delay is written
-// (the sort's throughput reads and the limiter's search) in one run.
+// on loopback, how many times each camera's inter-packet delay is written, and
+// how many control commands (register reads and writes) each camera answered
+// in one run. The cameras answer every command BWM_BENCH_GVCP_LATENCY_US late
+// (500 us unless set), as real ones do.
 //
 //   bench_optimize_adapter [RUNS [COUNT...]]     (5 runs of 3 and of 8 cameras)
 #include "CCameraProcess.h"
@@ -66,6 +68,7 @@ struct SScenarioResult
 {
     std::vector<double> runMs;
     std::vector<int> writesPerCamera;
+    std::vector<int> commandsPerCamera;
     int tooManyCameras = 0;
 };
 
@@ -83,8 +86,12 @@ public:
             // A distinct /24 per scenario keeps a previous scenario's cameras out of this adapter row.
             const QString address = QStringLiteral("127.%1.%2.%3").arg(100 + scenario).arg(pid % 250).arg(2 + i);
             m_processes.push_back(std::make_unique<CCameraProcess>());
+            const QString latency = qEnvironmentVariableIsSet("BWM_BENCH_GVCP_LATENCY_US")
+                ? qEnvironmentVariable("BWM_BENCH_GVCP_LATENCY_US")
+                : QStringLiteral("500");
             if (!m_processes.back()->start({GIGE_EMULATOR_PATH, "--address", address, "--serial", serial, "--width",
-                                            "1280", "--height", "1024", "--fps", "40"})) {
+                                            "1280", "--height", "1024", "--fps", "40", "--gvcp-latency-us",
+                                            latency})) {
                 std::fprintf(stderr, "gige-emulator on %s did not start\n", qPrintable(address));
                 return false;
             }
@@ -147,12 +154,17 @@ public:
         for (int run = 0; run < runs; ++run) {
             resetCameras(manager, tree);
             counting->resetCounts();
+            const std::vector<qint64> commandsBefore = controlCommands(manager, tree);
             QElapsedTimer timer;
             timer.start();
             tree->onOptimizeButton(int(adapterId));
             result.runMs.push_back(double(timer.nsecsElapsed()) / 1e6);
-            for (const QString& key : qAsConst(m_keys))
-                result.writesPerCamera.push_back(counting->delayWrites(key));
+            const std::vector<qint64> commandsAfter = controlCommands(manager, tree);
+            for (int i = 0; i < m_count; ++i) {
+                result.writesPerCamera.push_back(counting->delayWrites(m_keys[i]));
+                // Less the reading of the counter itself.
+                result.commandsPerCamera.push_back(int(commandsAfter[size_t(i)] - commandsBefore[size_t(i)] - 1));
+            }
         }
         result.tooManyCameras = tooMany;
         dialog.done(0);
@@ -175,19 +187,36 @@ private:
         return m_keys.size() == m_count;
     }
 
-    // Every run starts from cameras that were never optimised; these writes are not counted.
-    void resetCameras(const Core::Plugin::PluginManagerPtr& manager, BandwidthTreeWidget* tree)
+    static ParameterCollectionPtr backendCollection(const Core::Plugin::PluginManagerPtr& manager,
+                                                   BandwidthTreeWidget* tree, const QString& key)
     {
         QList<Core::Service::ServicePtr> services;
         manager->services(services);
+        const FlatTreeItem& item = tree->model()->item(tree->model()->findByKey(key));
+        for (const auto& service : qAsConst(services)) {
+            if (auto candidate = qSharedPointerDynamicCast<CameraPool::CParameterService>(service))
+                return candidate->parameterCollection(item.cameraInfo);
+        }
+        return {};
+    }
+
+    std::vector<qint64> controlCommands(const Core::Plugin::PluginManagerPtr& manager, BandwidthTreeWidget* tree)
+    {
+        std::vector<qint64> counts;
         for (const QString& key : qAsConst(m_keys)) {
-            const FlatTreeItem& item = tree->model()->item(tree->model()->findByKey(key));
-            ParameterCollectionPtr parameters;
-            for (const auto& service : qAsConst(services)) {
-                auto candidate = qSharedPointerDynamicCast<CameraPool::CParameterService>(service);
-                if (candidate)
-                    parameters = candidate->parameterCollection(item.cameraInfo);
-            }
+            const ParameterCollectionPtr parameters = backendCollection(manager, tree, key);
+            const auto node = parameters ? parameters->getIntegerParameter(QStringLiteral("EmulatorControlCommands"))
+                                         : ParameterCollection::IntegerParameterPtr();
+            counts.push_back(node ? node->getValue() : 0);
+        }
+        return counts;
+    }
+
+    // Every run starts from cameras that were never optimised; these writes are not counted.
+    void resetCameras(const Core::Plugin::PluginManagerPtr& manager, BandwidthTreeWidget* tree)
+    {
+        for (const QString& key : qAsConst(m_keys)) {
+            const ParameterCollectionPtr parameters = backendCollection(manager, tree, key);
             if (!parameters)
                 continue;
             parameters->getIntegerParameter(QStringLiteral("GevSCPD"))->setValue(0, 0);
@@ -232,10 +261,14 @@ int main(int argc, char** argv)
         }
         const auto [fastest, slowest] = std::minmax_element(result.runMs.begin(), result.runMs.end());
         std::printf("%d cameras: optimise adapter median %.0f ms (min %.0f, max %.0f) over %d runs; "
-                    "GevSCPD writes per camera median %d (min %d, max %d); tooManyCameras in %d runs\n",
+                    "GevSCPD writes per camera median %d (min %d, max %d); control commands per camera median %d "
+                    "(min %d, max %d); tooManyCameras in %d runs\n",
                     counts[scenario], median(result.runMs), *fastest, *slowest, runs, median(result.writesPerCamera),
                     *std::min_element(result.writesPerCamera.begin(), result.writesPerCamera.end()),
                     *std::max_element(result.writesPerCamera.begin(), result.writesPerCamera.end()),
+                    median(result.commandsPerCamera),
+                    *std::min_element(result.commandsPerCamera.begin(), result.commandsPerCamera.end()),
+                    *std::max_element(result.commandsPerCamera.begin(), result.commandsPerCamera.end()),
                     result.tooManyCameras);
     }
     return failures == 0 ? 0 : 1;

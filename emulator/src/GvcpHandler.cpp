@@ -85,6 +85,8 @@ std::optional<SGvcpReply> CGvcpHandler::handle(const std::uint8_t* data, std::si
     if (cached && m_last.valid && m_last.from == from && m_last.reqId == reqId && m_last.command == command)
         return m_last.reply;
 
+    if (cached)
+        m_registers.countCommand();
     std::optional<SGvcpReply> reply;
     if (length > size - kGvcpHeaderSize) {
         if (flags & kFlagAckRequired)

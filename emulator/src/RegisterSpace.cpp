@@ -183,6 +183,7 @@ EStatus CRegisterSpace::readVendor(std::uint32_t address, std::uint32_t& value) 
     case 0xA510: value = n.resent; break;
     case 0xA514: value = n.testPackets; break;
     case 0xA518: value = n.framesSent; break;
+    case 0xA51C: value = m_commands; break;
     default: return eInvalidAddress;
     }
     return eSuccess;

@@ -34,6 +34,9 @@ public:
     std::uint32_t deviceIp() const { return m_identity.ip; }
     // Closing the stream channel when control is lost.
     void closeStreamChannel();
+    // A control command answered, retries and discovery aside: what a host's
+    // register traffic costs, readable at EmulatorControlCommands.
+    void countCommand() { ++m_commands; }
 
 private:
     void putText(std::uint32_t address, std::uint32_t size, const std::string& text);
@@ -52,6 +55,7 @@ private:
     std::uint32_t m_persistentMask = 0;
     std::uint32_t m_persistentGateway = 0;
     std::uint32_t m_heartbeatMs;
+    std::uint32_t m_commands = 0;
     std::uint32_t m_gvcpConfig = 0;
     std::uint64_t m_latched = 0;
     std::uint32_t m_scpsExtra = 0;

@@ -66,7 +66,7 @@ CXmlDescription::CXmlDescription(const SConfig& config)
                                        "GevHeartbeatTimeout", "GevLinkSpeed", "GevTimestampTickFrequency"});
     category("EmulatorStatistics", {"EmulatorFramesProduced", "EmulatorPacketsSent", "EmulatorPacketsDroppedForSize",
                                     "EmulatorPacketsLost", "EmulatorPacketsResent", "EmulatorTestPacketsSent",
-                                    "EmulatorFramesSent"});
+                                    "EmulatorFramesSent", "EmulatorControlCommands"});
 
     stringReg("DeviceVendorName", 0x0048, 32, "RO");
     stringReg("DeviceModelName", 0x0068, 32, "RO");
@@ -166,7 +166,7 @@ CXmlDescription::CXmlDescription(const SConfig& config)
         {"EmulatorFramesProduced", 0xA500}, {"EmulatorPacketsSent", 0xA504},
         {"EmulatorPacketsDroppedForSize", 0xA508}, {"EmulatorPacketsLost", 0xA50C},
         {"EmulatorPacketsResent", 0xA510}, {"EmulatorTestPacketsSent", 0xA514},
-        {"EmulatorFramesSent", 0xA518}};
+        {"EmulatorFramesSent", 0xA518}, {"EmulatorControlCommands", 0xA51C}};
     for (const auto& [name, address] : counters) {
         integer(name, std::string(name) + "Reg", "<Min>0</Min><Max>4294967295</Max>");
         intReg(std::string(name) + "Reg", address, "RO");

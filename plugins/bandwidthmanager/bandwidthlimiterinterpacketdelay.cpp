@@ -1,6 +1,7 @@
 #include "bandwidthlimiterinterpacketdelay.h"
 
 #include "exceptiontext.h"
+#include "interpacketdelaysearch.h"
 
 #include <Core/Exception/BaseException.h>
 #include <Core/Logging/Logging.h>
@@ -134,41 +135,52 @@ int BandwidthLimiterInterPacketDelay::applyWish(int value)
     }
 }
 
+// A packet's time on the wire, in the delay's ticks: what lets the first
+// write land next to the wish. Ethernet adds 38 bytes to the IP packet
+// (header, checksum, preamble, gap).
+double BandwidthLimiterInterPacketDelay::packetWireTicks()
+{
+    const auto readable = [this](const QString& name) {
+        const IntegerParameterPtr node = m_ptrParameters ? m_ptrParameters->getIntegerParameter(name) : IntegerParameterPtr();
+        return isReadable(node) ? node : IntegerParameterPtr();
+    };
+    if (m_linkBitsPerTick < 0) {
+        m_linkBitsPerTick = 0;
+        const IntegerParameterPtr speed = readable(QStringLiteral("GevLinkSpeed"));
+        const IntegerParameterPtr tick = readable(QStringLiteral("GevTimestampTickFrequency"));
+        if (speed && tick && speed->getValue() > 0 && tick->getValue() > 0)
+            m_linkBitsPerTick = double(speed->getValue()) * 1e6 / double(tick->getValue());
+    }
+    const IntegerParameterPtr packetSize = m_linkBitsPerTick > 0 ? readable(QStringLiteral("GevSCPSPacketSize")) : nullptr;
+    if (!packetSize)
+        return 0.0;
+    return double(packetSize->getValue() + 38) * 8.0 / m_linkBitsPerTick;
+}
+
+// The delay is predicted from the packet's wire time and one reading, then
+// corrected; a wish already met writes nothing, one the camera cannot reach
+// ends at the smallest delay, and the widget shows what was reached. A camera
+// that sends the same MB/s at its smallest delay is left there: its frame
+// rate, not the delay, holds it to the wish.
 int BandwidthLimiterInterPacketDelay::searchDelay(int wish)
 {
-    const qint64 target = qint64(wish) * 1000000;
     qint64 throughput = m_ptrThroughput->getValue();
     if (toMegabytes(throughput) == wish)
         return wish;
-
-    // Bisection on the delay, from the delay the camera has now.
-    qint64 low = m_ptrDelay->getMin();
-    qint64 high = m_ptrDelay->getMax();
-    for (int round = 0; round < kSearchRounds; ++round) {
+    CInterPacketDelaySearch search(m_ptrDelay->getMin(), m_ptrDelay->getMax(), m_ptrDelay->getInc(),
+                                   qint64(wish) * 1000000, packetWireTicks());
+    qint64 delay = m_ptrDelay->getValue();
+    for (int write = 0; write < kSearchRounds; ++write) {
+        const std::optional<qint64> next = search.next(delay, throughput);
+        if (!next)
+            break;
+        m_ptrDelay->setValueVerified(*next, true);
+        delay = *next;
         throughput = m_ptrThroughput->getValue();
-        const qint64 delay = m_ptrDelay->getValue();
-        if (throughput == target)
-            break;
-        qint64 next = 0;
-        if (throughput > target) {
-            low = delay;
-            next = (low + high) / 2;
-        } else {
-            high = delay;
-            next = (low + delay) / 2;
-        }
-        if (next == delay)
-            break;
-        m_ptrDelay->setValueVerified(next, true);
     }
-    const qint64 foundDelay = m_ptrDelay->getValue();
-    const qint64 reached = m_ptrThroughput->getValue();
-
-    // A camera that sends no more at the smallest delay is left there.
-    m_ptrDelay->trySetToMinimum();
-    if (m_ptrThroughput->getValue() != reached)
-        m_ptrDelay->setValueVerified(foundDelay, true);
-
+    if (delay != m_ptrDelay->getMin() && m_ptrDelay->trySetToMinimum()
+        && toMegabytes(m_ptrThroughput->getValue()) != toMegabytes(throughput))
+        m_ptrDelay->setValueVerified(delay, true);
     return int(toMegabytes(throughput));
 }
 

@@ -32,8 +32,11 @@ public slots:
 private:
     void initRange();
     int searchDelay(int wish);
+    double packetWireTicks();
 
     ParameterCollection::ParameterCollectionPtr m_ptrParameters;
     ParameterCollection::IntegerParameterPtr m_ptrDelay;
     ParameterCollection::IntegerParameterPtr m_ptrThroughput;
+    // Link speed in bit/s times ticks per second; read once, 0 when unknown.
+    double m_linkBitsPerTick = -1.0;
 };

@@ -7,6 +7,9 @@
 #include <QSlider>
 
 #include <algorithm>
+#include <cmath>
+#include <vector>
+#include <cstdio>
 #include <cstdlib>
 
 using namespace ParameterFakes;
@@ -138,6 +141,88 @@ TEST_F(ScriptedGigECamera, failingWriteEndsTheSearchWhereTheCameraIs)
     EXPECT_EQ(parameters->writtenValues(kDelay).size(), 3 + 2);
     EXPECT_EQ(delay(), parameters->writtenValues(kDelay).last().toLongLong());
 }
+
+// A camera of the GigE link model: 1920x1200 frames, throughput = bytes of a
+// frame over the time its packets take on the wire plus the delays.
+struct SLinkCase
+{
+    qint64 packetSize;
+    qint64 linkMbps;
+    qint64 tickHz;
+};
+
+class LinkModelCamera : public ::testing::TestWithParam<SLinkCase>
+{
+protected:
+    void SetUp() override
+    {
+        const SLinkCase& c = GetParam();
+        parameters->addInteger(QStringLiteral("GevSCPSPacketSize"), c.packetSize, 576, 9000);
+        parameters->addInteger(QStringLiteral("GevLinkSpeed"), c.linkMbps, 0, 100000, 1, "RO");
+        parameters->addInteger(QStringLiteral("GevTimestampTickFrequency"), c.tickHz, 1, 4000000000LL, 1, "RO");
+        parameters->addInteger(kDelay, 0, 0, c.tickHz / 10);
+        parameters->addInteger(kThroughput, 0, 0, 4000000000LL, 1, "RO");
+        parameters->setValueLaw(kThroughput, [this] { return rate(parameters->value(kDelay).toLongLong()); });
+    }
+    qint64 rate(qint64 delay) const
+    {
+        const SLinkCase& c = GetParam();
+        const double payload = 1920.0 * 1200.0;
+        const double packets = std::ceil(payload / double(c.packetSize - 36));
+        const double bytes = 116 + payload + 36 * packets;
+        const double wire = (bytes + 38 * (packets + 2)) * 8 / (double(c.linkMbps) * 1e6);
+        const double delays = (packets + 2) * double(delay) / double(c.tickHz);
+        return qint64(std::min(frameRateCap, bytes / (wire + delays)));
+    }
+
+    QSharedPointer<CScriptedParameterCollection> parameters = QSharedPointer<CScriptedParameterCollection>::create();
+    double frameRateCap = 1e12;
+};
+
+// Every reachable wish is met within 1 MB/s in at most 8 writes, 4 or fewer
+// for half of them; an unreachable one ends at the smallest delay. Where one
+// tick of delay moves the rate by more (10 Gbit/s, small packets), no
+// neighbouring delay may come closer.
+TEST_P(LinkModelCamera, wishesAreMetInFewWrites)
+{
+    BandwidthLimiterInterPacketDelay limiter(parameters);
+    const qint64 fastest = limiter.maximum();
+    std::vector<int> counts;
+    for (const double share : {0.05, 0.1, 0.25, 0.4, 0.5, 0.6, 0.75, 0.9, 0.97}) {
+        const int wish = std::max(1, int(share * double(fastest)));
+        if (wish == megabytes(parameters->value(kThroughput).toLongLong()))
+            continue;
+        const int before = parameters->writeCount(kDelay);
+        limiter.setValue(wish);
+        const int writes = parameters->writeCount(kDelay) - before;
+        counts.push_back(writes);
+        const qint64 delay = parameters->value(kDelay).toLongLong();
+        const auto miss = [&](qint64 at) { return std::abs(double(rate(at)) / 1e6 - wish); };
+        EXPECT_LE(miss(delay), std::max(1.0, std::min(miss(delay - 1), miss(delay + 1)) + 1.0)) << "wish " << wish;
+        EXPECT_EQ(limiter.value(), megabytes(parameters->value(kThroughput).toLongLong()));
+        EXPECT_LE(writes, 8) << "wish " << wish;
+    }
+    std::sort(counts.begin(), counts.end());
+    printf("delay writes per wish: median %d, most %d\n", counts[counts.size() / 2], counts.back());
+    EXPECT_LE(counts[counts.size() / 2], 4) << "median writes";
+
+    frameRateCap = 0.3 * double(fastest) * 1e6;
+    limiter.setValue(int(0.6 * double(fastest)));
+    EXPECT_EQ(parameters->value(kDelay).toLongLong(), 0) << "a wish above what the camera sends";
+    EXPECT_EQ(limiter.value(), megabytes(qint64(frameRateCap)));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Links, LinkModelCamera,
+    ::testing::Values(SLinkCase{1500, 100, 125000000}, SLinkCase{8192, 100, 1000000000},
+                      SLinkCase{9000, 100, 125000000}, SLinkCase{1500, 1000, 1000000000},
+                      SLinkCase{8192, 1000, 125000000}, SLinkCase{9000, 1000, 1000000000},
+                      SLinkCase{1500, 10000, 125000000}, SLinkCase{8192, 10000, 1000000000},
+                      SLinkCase{9000, 10000, 125000000}),
+    [](const ::testing::TestParamInfo<SLinkCase>& info) {
+        return "packet" + std::to_string(info.param.packetSize) + "_link" + std::to_string(info.param.linkMbps) + "_tick"
+            + std::to_string(info.param.tickHz / 1000000) + "MHz";
+    });
 
 struct SDisabledCase
 {

@@ -199,6 +199,7 @@ TEST(Gvcp, RepeatedRequestIdGetsTheStoredAckWithoutFiringAgain)
     rig.claim();
     rig.write(0x0D18, 0x7F000001);
     rig.write(0x0D00, 5000);
+    const std::uint32_t commandsBefore = getBe32(rig.read(0xA51C).body.data());
     const auto fire = gvcpCommand(eWriteRegCmd, 500, {0x0D04, 0xC00005DC});
     const SAck first = rig.send(fire);
     const SAck again = rig.send(fire);
@@ -207,6 +208,8 @@ TEST(Gvcp, RepeatedRequestIdGetsTheStoredAckWithoutFiringAgain)
     EXPECT_EQ(rig.sink.m_sent[0].bytes.size(), 1500u - 28u);
     rig.send(gvcpCommand(eWriteRegCmd, 501, {0x0D04, 0xC00005DC}));
     EXPECT_EQ(rig.sink.m_sent.size(), 2u) << "a new request id fires again";
+    // The retry is no command of its own; the reading is one.
+    EXPECT_EQ(getBe32(rig.read(0xA51C).body.data()), commandsBefore + 3);
 }
 
 TEST(Privilege, PrimaryHoldsControlOthersMayOnlyRead)

@@ -166,9 +166,19 @@ TEST_F(AnalysisEndToEnd, measuresTwoCamerasAndLosesOneAlone)
         EXPECT_TRUE(dialog.grab().save(QString::fromLocal8Bit(screenshot)));
     }
 
+    // What the lost camera's row says when the loss is reported: the pool may
+    // drop the camera, and a rebuild its row, within the next moment.
+    QStringList lossShown;
+    QObject::connect(tree, &BandwidthTreeWidget::errorOccurred, tree, [&](const QString& key, const QString& text, const QDateTime&) {
+        const FlatTreeItem* row = key == cameras[0].key ? item(cameras[0]) : nullptr;
+        if (row && row->row && !row->row->icon(0).isNull())
+            lossShown << text + " / " + row->row->toolTip(0);
+    });
     cameras[0].process.kill();
     // Aravis notices the silent camera by its heartbeat; then the row is no longer measured.
     ASSERT_TRUE(HostFakes::waitUntil([&] { return !item(cameras[0]) || !item(cameras[0])->measuringCamera; }, 30000));
+    EXPECT_EQ(lossShown, QStringList{QStringLiteral("Error accessing camera! (Connection lost) / "
+                                                    "Error accessing camera! (Connection lost)")});
     ASSERT_NE(item(cameras[1]), nullptr);
     ASSERT_NE(item(cameras[1])->measuringCamera, nullptr);
     EXPECT_EQ(item(cameras[1])->row->checkState(0), Qt::Checked);
