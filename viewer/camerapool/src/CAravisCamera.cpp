@@ -2,6 +2,8 @@
 
 #include <camerapool/AravisError.h>
 #include <camerapool/CParameterHub.h>
+#include <camerapool/CTestPacketProbe.h>
+#include <camerapool/PacketSizeSearch.h>
 #include <camerapool/StreamSocketBuffer.h>
 
 #include <Core/Logging/Logging.h>
@@ -297,11 +299,36 @@ void CAravisCamera::probePacketSize()
     // The probe repoints the stream channel at its own socket and leaves it there.
     const bool wasGrabbing = m_grabbing.load();
     destroyStreamLocked(true);
-    CGErrorSink error;
-    arv_camera_gv_auto_packet_size(m_camera, error.out());
+    std::exception_ptr failure;
+    try {
+        probeLocked();
+    } catch (...) {
+        failure = std::current_exception();
+    }
     if (wasGrabbing)
         createStreamLocked();
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+// Aravis' own probe climbs from the current size to the node's maximum with
+// three tries per size, about a hundred register commands at 0.3-1 ms each on
+// a real camera; the host adapter's MTU, tried first, is nearly always the answer.
+void CAravisCamera::probeLocked()
+{
+    CTestPacketProbe probe(m_device);
+    CGErrorSink error;
+    gint64 minimum = 0;
+    gint64 maximum = 0;
+    arv_device_get_integer_feature_bounds(m_device, "GevSCPSPacketSize", &minimum, &maximum, error.out());
     error.check();
+    const qint64 increment = arv_device_get_integer_feature_increment(m_device, "GevSCPSPacketSize", error.out());
+    error.check();
+    const qint64 found = largestCarriedPacketSize(qMax<qint64>(minimum, 576), maximum, increment,
+                                                  mtuOfLocalAddress(probe.hostAddress()),
+                                                  [&probe](qint64 size) { return probe.carries(size); });
+    // Nothing arrived (a firewall drops test packets as a broken path does): the camera keeps its size.
+    probe.setPacketSize(found > 0 ? found : probe.originalPacketSize());
 }
 
 } // namespace CameraPool

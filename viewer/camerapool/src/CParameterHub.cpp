@@ -15,6 +15,13 @@ CParameterHub::CParameterHub(CAravisCamera* camera) : QObject(camera)
     m_pollTimer.setInterval(1000);
     connect(&m_pollTimer, &QTimer::timeout, this, &CParameterHub::onPoll);
     m_pollTimer.start();
+    m_writeSettle.setSingleShot(true);
+    m_writeSettle.setInterval(WriteSettleMs);
+    connect(&m_writeSettle, &QTimer::timeout, this, [this] {
+        const QSet<QString> written = std::move(m_written);
+        m_written.clear();
+        refreshAll(written);
+    });
 }
 
 ParameterCollection::ParameterPtr CParameterHub::cached(const QString& key) const
@@ -31,7 +38,13 @@ void CParameterHub::remember(const QString& key, const ParameterCollection::Para
 
 void CParameterHub::afterWrite(const QString& name)
 {
-    QMetaObject::invokeMethod(this, [this, name] { refreshAll(name); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this,
+        [this, name] {
+            m_written.insert(name);
+            m_writeSettle.start();
+        },
+        Qt::QueuedConnection);
 }
 
 void CParameterHub::stopPolling()
@@ -48,10 +61,10 @@ void CParameterHub::onPoll()
     }
     if (camera->isUnresponsive())
         return;
-    refreshAll(QString());
+    refreshAll({});
 }
 
-void CParameterHub::refreshAll(const QString& forcedName)
+void CParameterHub::refreshAll(const QSet<QString>& forcedNames)
 {
     // The strong references keep the parameters, and so their camera, alive
     // until the reads are done; the task touches nothing of the hub.
@@ -60,7 +73,7 @@ void CParameterHub::refreshAll(const QString& forcedName)
         const std::lock_guard<std::mutex> lock(m_entriesMutex);
         for (auto it = m_entries.begin(); it != m_entries.end();) {
             if (ParameterCollection::ParameterPtr parameter = it->parameter.toStrongRef()) {
-                const bool forced = parameter->name() == forcedName;
+                const bool forced = forcedNames.contains(parameter->name());
                 if (it->refreshable && (forced || it->refreshable->hasReceivers()))
                     live.append({parameter, forced});
                 ++it;

@@ -107,6 +107,7 @@ private:
 
     std::unique_lock<std::recursive_mutex> lockForAccess() const;
     void createStreamLocked();
+    void probeLocked();
     void destroyStreamLocked(bool stopAcquisition);
     void onConnectionLostQueued();
 

@@ -3,6 +3,7 @@
 #include <ParameterCollection/IParameter.h>
 
 #include <QHash>
+#include <QSet>
 #include <QObject>
 #include <QTimer>
 
@@ -29,8 +30,11 @@ public:
     void remember(const QString& key, const ParameterCollection::ParameterPtr& parameter);
 
     // Any thread: after a write, the written node and every watched node that
-    // changed notify on the GUI thread.
+    // changed notify on the GUI thread. The writes of a burst (a search, a
+    // probe) are read back once, WriteSettleMs after the last of them: each
+    // read-back costs a register read per watched node on a real camera.
     void afterWrite(const QString& name);
+    static constexpr int WriteSettleMs = 100;
     void stopPolling();
     void setPollInterval(int milliseconds) { m_pollTimer.setInterval(milliseconds); }
 
@@ -38,7 +42,7 @@ private slots:
     void onPoll();
 
 private:
-    void refreshAll(const QString& forcedName);
+    void refreshAll(const QSet<QString>& forcedNames);
 
     struct SEntry
     {
@@ -48,6 +52,8 @@ private:
     mutable std::mutex m_entriesMutex;
     QHash<QString, SEntry> m_entries;
     QTimer m_pollTimer;
+    QTimer m_writeSettle;
+    QSet<QString> m_written;
 };
 
 } // namespace CameraPool
