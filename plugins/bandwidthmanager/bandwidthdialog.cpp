@@ -1,6 +1,8 @@
 #include "bandwidthdialog.h"
 
+#include "bandwidthhistoryplot.h"
 #include "exceptiontext.h"
+#include "flattree.h"
 
 #include <Core/Logging/Logging.h>
 #include <Core/Plugin/ServiceLookup.h>
@@ -15,6 +17,10 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QEvent>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
@@ -28,6 +34,8 @@
 
 using Core::CameraPoolComponents::CameraInfoPtr;
 using Core::CameraPoolComponents::ICameraInfo;
+
+#include <algorithm>
 
 namespace {
 
@@ -145,6 +153,11 @@ BandwidthDialog::BandwidthDialog(const Core::Plugin::PluginManagerWeakPtr& plugi
             SLOT(onOptimizedGigECamera(BandwidthTreeWidget::SOptimizationResult)));
     connect(treeBandwidth, SIGNAL(optimizeAllGigEStarted()), this, SLOT(onOptimizeAllGigEStarted()));
     connect(treeBandwidth, SIGNAL(optimizeGigEStarted()), this, SLOT(onOptimizeGigEStarted()));
+    m_session = new Plugin::BandwidthManager::CAnalysisSession(treeBandwidth, QStringLiteral("zenta-viewer"), this);
+    ui.plotHistory->setHistory(&m_session->history());
+    connect(m_session, &Plugin::BandwidthManager::CAnalysisSession::recorded, ui.plotHistory,
+            &Plugin::BandwidthManager::CBandwidthHistoryPlot::refresh);
+    connect(ui.btnExport, SIGNAL(clicked()), this, SLOT(onExportClicked()));
     m_messageLogService = Core::Plugin::getService<Plugin::MessageLogCore::IMessageLogService>(pluginManager);
 
     offerGigEOptimization(pluginManager);
@@ -161,6 +174,8 @@ BandwidthDialog::~BandwidthDialog()
     // The tree goes with the widgets, after this part of the dialog: what it
     // signals on its way out must not reach these slots.
     disconnect(ui.treeBandwidth, nullptr, this, nullptr);
+    disconnect(ui.treeBandwidth, nullptr, m_session, nullptr);
+    ui.plotHistory->setHistory(nullptr);
 }
 
 void BandwidthDialog::readSettings(QWidget* parent)
@@ -251,6 +266,7 @@ void BandwidthDialog::onStartStopClicked()
         // on, nor a stop-after tick that starts the analysis again.
         m_refreshTimer.stop();
         m_stopAfterTimer.stop();
+        m_session->stop();
         try {
             ui.treeBandwidth->stopAcquisition();
         } catch (...) {
@@ -264,6 +280,9 @@ void BandwidthDialog::onStartStopClicked()
             m_stopAfterTimer.start(ui.spinTime->value() * millisecondsPerUnit(unit), this);
         }
         ui.treeBandwidth->startAcquisition();
+        m_session->start();
+        ui.plotHistory->refresh();
+        showBudgets();
         logMessage(SeverityInfo, QT_TR_NOOP("Bandwidth analysis has been started."));
     }
     updateHints();
@@ -341,6 +360,62 @@ void BandwidthDialog::onBandwidthTreeErrorOccurred(QString strSource, QString st
 void BandwidthDialog::onCurrentTreeItemChanged()
 {
     updateHints();
+    const FlatTree* model = ui.treeBandwidth->model();
+    QString key;
+    for (FlatTreeItemID id = 1; model && id < model->size(); ++id) {
+        const FlatTreeItem& item = model->item(id);
+        if (item.row && item.row == ui.treeBandwidth->currentItem() && item.isCamera && item.cameraInfo)
+            key = item.cameraInfo->key();
+    }
+    ui.plotHistory->highlight(key);
+}
+
+// The budget of every adapter with a measured camera; read once per analysis.
+void BandwidthDialog::showBudgets()
+{
+    std::vector<Plugin::BandwidthManager::CBandwidthHistoryPlot::SBudget> budgets;
+    const FlatTree* model = ui.treeBandwidth->model();
+    for (FlatTreeItemID id = 1; model && id < model->size(); ++id) {
+        const FlatTreeItem& adapter = model->item(id);
+        if (!adapter.isAdapter || !adapter.isGigE)
+            continue;
+        const bool measured = std::any_of(adapter.children.begin(), adapter.children.end(),
+                                          [model](FlatTreeItemID child) { return model->item(child).measuringCamera; });
+        if (measured)
+            budgets.push_back({adapter.text, ui.treeBandwidth->linkSpeed(id) / 8 * 1e-6 * 0.9});
+    }
+    ui.plotHistory->setBudgets(budgets);
+}
+
+void BandwidthDialog::onExportClicked()
+{
+    QSettings settings;
+    settings.beginGroup(QLatin1String(SettingsGroup));
+    const QString folder = settings.value(QStringLiteral("ExportFolder")).toString();
+    const QString suggested = QStringLiteral("bandwidth-%1.json")
+                                  .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
+    const QString path = QFileDialog::getSaveFileName(this, tr("Export Analysis"), QDir(folder).filePath(suggested),
+                                                      tr("Analysis report (*.json)"));
+    if (path.isEmpty())
+        return;
+    if (exportRun(path))
+        settings.setValue(QStringLiteral("ExportFolder"), QFileInfo(path).absolutePath());
+}
+
+bool BandwidthDialog::exportRun(const QString& jsonPath)
+{
+    const QFileInfo info(jsonPath);
+    const QString csvPath = info.dir().filePath(info.completeBaseName() + QStringLiteral(".csv"));
+    QString error;
+    if (m_session->save(jsonPath, csvPath, &error)) {
+        const QString text = tr("The analysis has been saved to %1 and %2.").arg(jsonPath, csvPath);
+        Core::Logging::createLogEntry(Core::Logging::LogLevelInfo, dialogCategory(), text);
+        if (m_messageLogService)
+            m_messageLogService->addMessage(SeverityInfo, tr("Bandwidth Manager"), text, QDateTime());
+        return true;
+    }
+    QMessageBox::warning(this, tr("Export Analysis"), tr("The analysis could not be saved: %1").arg(error));
+    return false;
 }
 
 void BandwidthDialog::onOptimizedGigECamera(BandwidthTreeWidget::SOptimizationResult result)
@@ -512,6 +587,7 @@ void BandwidthDialog::updateButtons()
     const bool stopAfterChecked = ui.checkStopAfter->checkState() == Qt::Checked;
 
     ui.btnReset->setEnabled(cameras != 0);
+    ui.btnExport->setEnabled(!m_session || !m_session->history().cameras().empty() || m_analysisRunning);
     ui.btnStart->setEnabled(!m_analysisRunning && measured != 0);
     ui.btnStart->setVisible(!m_analysisRunning);
     ui.btnStop->setEnabled(m_analysisRunning);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysissession.h"
 #include "bandwidthdialogform.h"
 #include "bandwidthtreewidget.h"
 
@@ -40,6 +41,8 @@ public slots:
     void deviceListChanged();
     void removeCamera(Core::CameraPoolComponents::CameraInfoPtr ptrInstantCamera);
     void onConfigureDialogClosed();
+    // Saves the run as JSON and, beside it, as CSV; false and a message box when it cannot.
+    bool exportRun(const QString& jsonPath);
 
 private slots:
     void onTimeUnitChanged(int index);
@@ -48,6 +51,7 @@ private slots:
     void onOptimizedGigECamera(BandwidthTreeWidget::SOptimizationResult result);
     void onOptimizeAllGigEStarted();
     void onOptimizeGigEStarted();
+    void onExportClicked();
 
 protected:
     void timerEvent(QTimerEvent* e) override;
@@ -72,4 +76,6 @@ private:
     bool m_analysisRunning = false;
     QAction* m_helpAction = nullptr;
     QSharedPointer<Plugin::MessageLogCore::IMessageLogService> m_messageLogService;
+    Plugin::BandwidthManager::CAnalysisSession* m_session = nullptr;
+    void showBudgets();
 };

@@ -1,5 +1,6 @@
 #include "bandwidthdialogform.h"
 
+#include "bandwidthhistoryplot.h"
 #include "bandwidthtreewidget.h"
 
 #include <QCheckBox>
@@ -50,7 +51,7 @@ void Ui_BandwidthDialog::setupUi(QDialog* BandwidthDialog, BandwidthTreeWidget* 
     if (BandwidthDialog->objectName().isEmpty())
         BandwidthDialog->setObjectName(QString::fromUtf8("BandwidthDialog"));
     BandwidthDialog->setWindowModality(Qt::WindowModal);
-    BandwidthDialog->resize(1150, 600);
+    BandwidthDialog->resize(1150, 780);
     BandwidthDialog->setMinimumSize(QSize(960, 540));
     BandwidthDialog->setSizeGripEnabled(true);
     BandwidthDialog->setModal(true);
@@ -71,12 +72,20 @@ void Ui_BandwidthDialog::setupUi(QDialog* BandwidthDialog, BandwidthTreeWidget* 
     treeBandwidth->header()->setVisible(true);
     treeBandwidth->header()->setHighlightSections(false);
     treeBandwidth->header()->setStretchLastSection(false);
-    verticalLayout->addWidget(treeBandwidth);
+    verticalLayout->addWidget(treeBandwidth, 3);
+
+    plotHistory = new Plugin::BandwidthManager::CBandwidthHistoryPlot(BandwidthDialog);
+    plotHistory->setMinimumSize(QSize(600, 160));
+    verticalLayout->addWidget(plotHistory, 2);
 
     horizontalLayout = new QHBoxLayout();
     horizontalLayout->setObjectName(QString::fromUtf8("horizontalLayout"));
     horizontalSpacer = makeHorizontalSpacer();
     horizontalLayout->addItem(horizontalSpacer);
+    btnExport = new QPushButton(BandwidthDialog);
+    btnExport->setObjectName(QString::fromUtf8("btnExport"));
+    btnExport->setMinimumSize(QSize(112, 23));
+    horizontalLayout->addWidget(btnExport);
     btnReset = new QPushButton(BandwidthDialog);
     btnReset->setObjectName(QString::fromUtf8("btnReset"));
     btnReset->setMinimumSize(QSize(112, 23));
@@ -145,7 +154,8 @@ void Ui_BandwidthDialog::setupUi(QDialog* BandwidthDialog, BandwidthTreeWidget* 
     horizontalLayout_2->addWidget(btnClose);
     verticalLayout->addLayout(horizontalLayout_2);
 
-    QWidget::setTabOrder(treeBandwidth, btnReset);
+    QWidget::setTabOrder(treeBandwidth, btnExport);
+    QWidget::setTabOrder(btnExport, btnReset);
     QWidget::setTabOrder(btnReset, checkStopAfter);
     QWidget::setTabOrder(checkStopAfter, spinTime);
     QWidget::setTabOrder(spinTime, comboTimeUnits);
@@ -165,6 +175,7 @@ void Ui_BandwidthDialog::retranslateUi(QDialog* BandwidthDialog)
     BandwidthDialog->setWindowTitle(QCoreApplication::translate("BandwidthDialog", "Bandwidth Manager", nullptr));
     QTreeWidgetItem* headerItem = treeBandwidth->headerItem();
     headerItem->setText(0, QCoreApplication::translate("BandwidthDialog", "Headers will be added by widgetcode", nullptr));
+    btnExport->setText(QCoreApplication::translate("BandwidthDialog", "E&xport...", nullptr));
     btnReset->setText(QCoreApplication::translate("BandwidthDialog", "&Reset Statistics", nullptr));
     labelHintIcon->setText(QString());
     labelHintText->setText(QCoreApplication::translate(

@@ -1,6 +1,9 @@
 #pragma once
 
 class BandwidthTreeWidget;
+namespace Plugin::BandwidthManager {
+class CBandwidthHistoryPlot;
+}
 class QCheckBox;
 class QComboBox;
 class QDialog;
@@ -20,8 +23,10 @@ struct Ui_BandwidthDialog
 {
     QVBoxLayout* verticalLayout = nullptr;
     BandwidthTreeWidget* treeBandwidth = nullptr;
+    Plugin::BandwidthManager::CBandwidthHistoryPlot* plotHistory = nullptr;
     QHBoxLayout* horizontalLayout = nullptr;
     QSpacerItem* horizontalSpacer = nullptr;
+    QPushButton* btnExport = nullptr;
     QPushButton* btnReset = nullptr;
     QFrame* frameHint = nullptr;
     QGridLayout* gridLayout = nullptr;

@@ -562,6 +562,7 @@ void BandwidthTreeWidget::updateSamples()
         return;
     flatTree->sampleAll();
     refreshAllRows();
+    emit samplesUpdated();
 }
 
 void BandwidthTreeWidget::resetStatistics()

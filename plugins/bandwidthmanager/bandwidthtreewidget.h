@@ -1,6 +1,7 @@
 #pragma once
 
 #include "flattreeitem.h"
+#include "scamerasettingschange.h"
 
 #include <Core/CameraPoolComponents/ICameraInfo.h>
 #include <Core/Plugin/IPlugin.h>
@@ -48,6 +49,8 @@ public:
         double usedBandwidth = -1.0;
         // Names of the cameras that did not answer and were left as they were.
         QStringList unsetCameras;
+        QString adapterKey;
+        std::vector<Plugin::BandwidthManager::SCameraSettingsChange> cameras;
     };
 
     explicit BandwidthTreeWidget(QWidget* parent = nullptr);
@@ -90,6 +93,8 @@ public:
     // Where the optimisation run reads link speeds; CfgApi::CreateNetworkConfig when empty.
     using NetworkConfigFactory = std::function<std::unique_ptr<CfgApi::INetworkConfig>()>;
     void setNetworkConfigFactory(NetworkConfigFactory factory);
+    // The adapter's link speed in bits per second, 1 Gbit/s when it cannot be read.
+    double linkSpeed(FlatTreeItemID adapterId);
 
 public slots:
     virtual void clear();
@@ -104,6 +109,8 @@ signals:
     void optimizedGigECamera(BandwidthTreeWidget::SOptimizationResult result);
     void optimizeAllGigEStarted();
     void optimizeGigEStarted();
+    // After every tick's samples reached the rows.
+    void samplesUpdated();
 
 public slots:
     void onItemChanged(QTreeWidgetItem* pItem, int column);

@@ -71,6 +71,7 @@ void merge(BandwidthTreeWidget::SOptimizationResult& result, const BandwidthTree
     result.packetSizeLimited = result.packetSizeLimited || partial.packetSizeLimited;
     result.tooManyCameras = result.tooManyCameras || partial.tooManyCameras;
     result.packetSizeDefaulted = result.packetSizeDefaulted || partial.packetSizeDefaulted;
+    result.cameras.insert(result.cameras.end(), partial.cameras.begin(), partial.cameras.end());
 }
 
 qint64 integerValueOr(const ParameterCollection::ParameterCollectionPtr& ptrParameters, const QString& name,
@@ -174,6 +175,7 @@ void BandwidthTreeWidget::optimizeGigEAdapter(FlatTreeItemID adapterId, bool onl
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     worker.join();
     m_optimizing = false;
+    result.adapterKey = adapter.key;
     const std::vector<std::function<void()>> deferred = std::move(m_afterRun);
     m_afterRun.clear();
     for (const std::function<void()>& call : deferred)
@@ -187,6 +189,11 @@ bool BandwidthTreeWidget::deferredWhileOptimizing(std::function<void()> call)
         return false;
     m_afterRun.push_back(std::move(call));
     return true;
+}
+
+double BandwidthTreeWidget::linkSpeed(FlatTreeItemID adapterId)
+{
+    return adapterBandwidth(flatTree->item(adapterId));
 }
 
 double BandwidthTreeWidget::adapterBandwidth(const FlatTreeItem& adapter)
@@ -424,5 +431,14 @@ BandwidthTreeWidget::SOptimizationResult BandwidthTreeWidget::optimizeCamera(Fla
     result.interPacketDelayChanged = valueBefore != valueAfter;
     if (throughput != -1)
         result.usedBandwidth = double(throughput) / 1000.0 / 1000.0;
+    Plugin::BandwidthManager::SCameraSettingsChange change;
+    change.key = item.cameraInfo ? item.cameraInfo->key() : item.key;
+    change.packetSizeBefore = before;
+    change.packetSizeAfter = after;
+    change.interPacketDelayBefore = valueBefore;
+    change.interPacketDelayAfter = valueAfter;
+    change.frameTransmissionDelay = qint64(delay);
+    change.usedBandwidth = throughput;
+    result.cameras.push_back(change);
     return result;
 }

@@ -79,7 +79,7 @@
         <translation>&lt;br&gt;&lt;b&gt;パケットサイズ&lt;/b&gt;の設定を最大値まで引き上げました。さらにパフォーマンスを向上させるには、ネットワークアダプターでジャンボフレームを有効にしてください。</translation>
     </message>
     <message>
-        <source>&lt;br&gt;Currently, there are too many cameras connected to your network adapter. The Bandwidth Manager can't optimize the performance under these conditions. Try disconnecting one or more cameras to resolve this.</source>
+        <source>&lt;br&gt;Currently, there are too many cameras connected to your network adapter. The Bandwidth Manager can&apos;t optimize the performance under these conditions. Try disconnecting one or more cameras to resolve this.</source>
         <translation>&lt;br&gt;現在、ネットワークアダプターに接続されているカメラが多すぎます。この状態では、帯域幅マネージャーはパフォーマンスを最適化できません。1 台以上のカメラを切断して解消してください。</translation>
     </message>
     <message>
@@ -169,6 +169,26 @@
     <message>
         <source>Close</source>
         <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Export Analysis</source>
+        <translation>解析のエクスポート</translation>
+    </message>
+    <message>
+        <source>Analysis report (*.json)</source>
+        <translation>解析レポート (*.json)</translation>
+    </message>
+    <message>
+        <source>The analysis has been saved to %1 and %2.</source>
+        <translation>解析を %1 と %2 に保存しました。</translation>
+    </message>
+    <message>
+        <source>The analysis could not be saved: %1</source>
+        <translation>解析を保存できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>エクスポート(&amp;X)...</translation>
     </message>
 </context>
 <context>
@@ -267,14 +287,29 @@
     </message>
 </context>
 <context>
+    <name>Plugin::BandwidthManager::CBandwidthHistoryPlot</name>
+    <message>
+        <source>%1: 90 % of the link, %2 MB/s</source>
+        <translation>%1: リンクの 90 %、%2 MB/s</translation>
+    </message>
+    <message>
+        <source>Time (s)</source>
+        <translation>時間 (s)</translation>
+    </message>
+    <message>
+        <source>Payload (MB/s)</source>
+        <translation>ペイロード (MB/s)</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::BandwidthManager::CBandwidthManagerPlugin</name>
     <message>
         <source>Bandwidth Manager</source>
         <translation>帯域幅マネージャー</translation>
     </message>
     <message>
-        <source>Bandwidth Manager&lt;br&gt;The &lt;a href="#"&gt;Bandwidth Manager&lt;/a&gt; helps you to optimize your network settings for optimum camera performance.</source>
-        <translation>帯域幅マネージャー&lt;br&gt;&lt;a href="#"&gt;帯域幅マネージャー&lt;/a&gt;は、カメラが最適なパフォーマンスを発揮できるようにネットワーク設定を最適化するのに役立ちます。</translation>
+        <source>Bandwidth Manager&lt;br&gt;The &lt;a href=&quot;#&quot;&gt;Bandwidth Manager&lt;/a&gt; helps you to optimize your network settings for optimum camera performance.</source>
+        <translation>帯域幅マネージャー&lt;br&gt;&lt;a href=&quot;#&quot;&gt;帯域幅マネージャー&lt;/a&gt;は、カメラが最適なパフォーマンスを発揮できるようにネットワーク設定を最適化するのに役立ちます。</translation>
     </message>
     <message>
         <source>&lt;p&gt;To use the Bandwidth Manager, you have to stop continuous image acquisition as well as any recordings on all cameras.&lt;p/&gt;Do you want to stop all cameras and start using the Bandwidth Manager?</source>

@@ -79,7 +79,7 @@
         <translation>&lt;br&gt;&lt;b&gt;패킷 크기&lt;/b&gt; 설정을 최대값으로 높였습니다. 성능을 더 높이려면 네트워크 어댑터에서 점보 프레임을 활성화하십시오.</translation>
     </message>
     <message>
-        <source>&lt;br&gt;Currently, there are too many cameras connected to your network adapter. The Bandwidth Manager can't optimize the performance under these conditions. Try disconnecting one or more cameras to resolve this.</source>
+        <source>&lt;br&gt;Currently, there are too many cameras connected to your network adapter. The Bandwidth Manager can&apos;t optimize the performance under these conditions. Try disconnecting one or more cameras to resolve this.</source>
         <translation>&lt;br&gt;현재 네트워크 어댑터에 연결된 카메라가 너무 많습니다. 이 상태에서는 대역폭 관리자가 성능을 최적화할 수 없습니다. 카메라를 하나 이상 분리하여 문제를 해결하십시오.</translation>
     </message>
     <message>
@@ -169,6 +169,26 @@
     <message>
         <source>Close</source>
         <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Export Analysis</source>
+        <translation>분석 내보내기</translation>
+    </message>
+    <message>
+        <source>Analysis report (*.json)</source>
+        <translation>분석 보고서 (*.json)</translation>
+    </message>
+    <message>
+        <source>The analysis has been saved to %1 and %2.</source>
+        <translation>분석을 %1 및 %2에 저장했습니다.</translation>
+    </message>
+    <message>
+        <source>The analysis could not be saved: %1</source>
+        <translation>분석을 저장할 수 없습니다: %1</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>내보내기(&amp;X)...</translation>
     </message>
 </context>
 <context>
@@ -267,14 +287,29 @@
     </message>
 </context>
 <context>
+    <name>Plugin::BandwidthManager::CBandwidthHistoryPlot</name>
+    <message>
+        <source>%1: 90 % of the link, %2 MB/s</source>
+        <translation>%1: 링크의 90 %, %2 MB/s</translation>
+    </message>
+    <message>
+        <source>Time (s)</source>
+        <translation>시간 (s)</translation>
+    </message>
+    <message>
+        <source>Payload (MB/s)</source>
+        <translation>페이로드 (MB/s)</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::BandwidthManager::CBandwidthManagerPlugin</name>
     <message>
         <source>Bandwidth Manager</source>
         <translation>대역폭 관리자</translation>
     </message>
     <message>
-        <source>Bandwidth Manager&lt;br&gt;The &lt;a href="#"&gt;Bandwidth Manager&lt;/a&gt; helps you to optimize your network settings for optimum camera performance.</source>
-        <translation>대역폭 관리자&lt;br&gt;&lt;a href="#"&gt;대역폭 관리자&lt;/a&gt;는 최적의 카메라 성능을 위해 네트워크 설정을 최적화하도록 도와줍니다.</translation>
+        <source>Bandwidth Manager&lt;br&gt;The &lt;a href=&quot;#&quot;&gt;Bandwidth Manager&lt;/a&gt; helps you to optimize your network settings for optimum camera performance.</source>
+        <translation>대역폭 관리자&lt;br&gt;&lt;a href=&quot;#&quot;&gt;대역폭 관리자&lt;/a&gt;는 최적의 카메라 성능을 위해 네트워크 설정을 최적화하도록 도와줍니다.</translation>
     </message>
     <message>
         <source>&lt;p&gt;To use the Bandwidth Manager, you have to stop continuous image acquisition as well as any recordings on all cameras.&lt;p/&gt;Do you want to stop all cameras and start using the Bandwidth Manager?</source>

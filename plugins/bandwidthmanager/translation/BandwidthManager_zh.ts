@@ -79,7 +79,7 @@
         <translation>&lt;br&gt;&lt;b&gt;数据包大小&lt;/b&gt;设置已提高到最大值。如需进一步提高性能，请在网络适配器上启用巨型帧。</translation>
     </message>
     <message>
-        <source>&lt;br&gt;Currently, there are too many cameras connected to your network adapter. The Bandwidth Manager can't optimize the performance under these conditions. Try disconnecting one or more cameras to resolve this.</source>
+        <source>&lt;br&gt;Currently, there are too many cameras connected to your network adapter. The Bandwidth Manager can&apos;t optimize the performance under these conditions. Try disconnecting one or more cameras to resolve this.</source>
         <translation>&lt;br&gt;当前连接到网络适配器的相机过多。在这种情况下，带宽管理器无法优化性能。请尝试断开一台或多台相机来解决此问题。</translation>
     </message>
     <message>
@@ -169,6 +169,26 @@
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Export Analysis</source>
+        <translation>导出分析</translation>
+    </message>
+    <message>
+        <source>Analysis report (*.json)</source>
+        <translation>分析报告 (*.json)</translation>
+    </message>
+    <message>
+        <source>The analysis has been saved to %1 and %2.</source>
+        <translation>分析已保存到 %1 和 %2。</translation>
+    </message>
+    <message>
+        <source>The analysis could not be saved: %1</source>
+        <translation>无法保存分析: %1</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>导出(&amp;X)...</translation>
     </message>
 </context>
 <context>
@@ -267,14 +287,29 @@
     </message>
 </context>
 <context>
+    <name>Plugin::BandwidthManager::CBandwidthHistoryPlot</name>
+    <message>
+        <source>%1: 90 % of the link, %2 MB/s</source>
+        <translation>%1: 链路的 90 %，%2 MB/s</translation>
+    </message>
+    <message>
+        <source>Time (s)</source>
+        <translation>时间 (s)</translation>
+    </message>
+    <message>
+        <source>Payload (MB/s)</source>
+        <translation>有效载荷 (MB/s)</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::BandwidthManager::CBandwidthManagerPlugin</name>
     <message>
         <source>Bandwidth Manager</source>
         <translation>带宽管理器</translation>
     </message>
     <message>
-        <source>Bandwidth Manager&lt;br&gt;The &lt;a href="#"&gt;Bandwidth Manager&lt;/a&gt; helps you to optimize your network settings for optimum camera performance.</source>
-        <translation>带宽管理器&lt;br&gt;&lt;a href="#"&gt;带宽管理器&lt;/a&gt;可帮助您优化网络设置，使相机达到最佳性能。</translation>
+        <source>Bandwidth Manager&lt;br&gt;The &lt;a href=&quot;#&quot;&gt;Bandwidth Manager&lt;/a&gt; helps you to optimize your network settings for optimum camera performance.</source>
+        <translation>带宽管理器&lt;br&gt;&lt;a href=&quot;#&quot;&gt;带宽管理器&lt;/a&gt;可帮助您优化网络设置，使相机达到最佳性能。</translation>
     </message>
     <message>
         <source>&lt;p&gt;To use the Bandwidth Manager, you have to stop continuous image acquisition as well as any recordings on all cameras.&lt;p/&gt;Do you want to stop all cameras and start using the Bandwidth Manager?</source>

@@ -12,7 +12,7 @@
 
 extern char** environ;
 
-bool CCameraProcess::start(const QStringList& arguments)
+bool CCameraProcess::start(const QStringList& arguments, const QString& errorFile)
 {
     std::vector<QByteArray> storage;
     for (const QString& argument : arguments)
@@ -25,6 +25,10 @@ bool CCameraProcess::start(const QStringList& arguments)
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    const QByteArray errorPath = errorFile.toLocal8Bit();
+    if (!errorPath.isEmpty())
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errorPath.constData(), O_WRONLY | O_CREAT | O_TRUNC,
+                                         0644);
     const int status = posix_spawnp(&m_pid, argv[0], &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     if (status != 0) {

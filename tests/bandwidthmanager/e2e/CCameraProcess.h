@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QStringList>
 
 #include <sys/types.h>
@@ -14,7 +15,8 @@ public:
     CCameraProcess& operator=(const CCameraProcess&) = delete;
 
     // False if it could not be spawned or exited within the first half second.
-    bool start(const QStringList& arguments);
+    // Standard error goes to errorFile where one is given.
+    bool start(const QStringList& arguments, const QString& errorFile = QString());
     // SIGKILL and reap; nothing when not running.
     void kill();
     pid_t pid() const { return m_pid; }

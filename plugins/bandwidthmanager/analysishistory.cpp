@@ -1,0 +1,130 @@
+#include "analysishistory.h"
+
+#include <algorithm>
+#include <map>
+
+namespace Plugin::BandwidthManager {
+
+namespace {
+
+constexpr double MegabytesPerByte = 1e-6;
+
+} // namespace
+
+CAnalysisHistory::CAnalysisHistory(size_t maxPointsPerCamera)
+    : m_maxPoints(std::max<size_t>(maxPointsPerCamera, 2))
+{
+}
+
+void CAnalysisHistory::clear()
+{
+    m_cameras.clear();
+    m_lastSeconds = 0.0;
+}
+
+const SCameraHistory* CAnalysisHistory::camera(const QString& key) const
+{
+    const auto found = std::find_if(m_cameras.begin(), m_cameras.end(),
+                                    [&key](const SCameraHistory& history) { return history.key == key; });
+    return found == m_cameras.end() ? nullptr : &*found;
+}
+
+SHistoryPoint CAnalysisHistory::pointOf(double seconds, const SBandwidthSample& sample, const SHistoryPoint* previous)
+{
+    SHistoryPoint point;
+    point.seconds = seconds;
+    point.bandwidthMBs = float(double(sample.bandwidth) * MegabytesPerByte);
+    point.payloadMBs = float(double(sample.payloadReceived) * MegabytesPerByte);
+    point.fpsSent = float(sample.fpsSent);
+    point.fpsReceived = float(sample.fpsReceived);
+    point.images = sample.images;
+    point.errors = sample.errors;
+    point.connectionLost = sample.connectionLost;
+    // A reset of the statistics starts the count again: what it shows then is new.
+    const quint64 before = previous && previous->errors <= sample.errors ? previous->errors : 0;
+    point.newErrors = quint32(std::min<quint64>(sample.errors - before, 0xffffffffu));
+    return point;
+}
+
+void CAnalysisHistory::record(double seconds, const std::vector<SCameraReading>& readings)
+{
+    m_lastSeconds = seconds;
+    std::map<QString, size_t> rank;
+    for (const SCameraReading& reading : readings) {
+        rank.emplace(reading.key, rank.size());
+        auto found = std::find_if(m_cameras.begin(), m_cameras.end(),
+                                  [&reading](const SCameraHistory& history) { return history.key == reading.key; });
+        if (found == m_cameras.end()) {
+            m_cameras.push_back(SCameraHistory{reading.key, reading.name, reading.adapterKey, {}});
+            found = m_cameras.end() - 1;
+        }
+        SCameraHistory& history = *found;
+        history.name = reading.name;
+        history.adapterKey = reading.adapterKey;
+        history.points.push_back(pointOf(seconds, reading.sample, history.points.empty() ? nullptr : &history.points.back()));
+        if (history.points.size() >= m_maxPoints)
+            halve(history.points);
+    }
+    // The tree's order for those read now; the others keep their place among them.
+    std::map<QString, size_t> position;
+    const size_t stride = m_cameras.size() + 1;
+    size_t before = 0;
+    for (size_t index = 0; index < m_cameras.size(); ++index) {
+        const auto found = rank.find(m_cameras[index].key);
+        if (found != rank.end())
+            before = (found->second + 1) * stride;
+        position[m_cameras[index].key] = found != rank.end() ? before : before + index + 1;
+    }
+    std::stable_sort(m_cameras.begin(), m_cameras.end(), [&position](const SCameraHistory& a, const SCameraHistory& b) {
+        return position[a.key] < position[b.key];
+    });
+}
+
+void CAnalysisHistory::markLost(const QString& key, double seconds)
+{
+    const auto found = std::find_if(m_cameras.begin(), m_cameras.end(),
+                                    [&key](const SCameraHistory& history) { return history.key == key; });
+    if (found == m_cameras.end() || found->points.empty() || found->points.back().connectionLost)
+        return;
+    SHistoryPoint lost = found->points.back();
+    lost.seconds = std::max(seconds, lost.seconds);
+    lost.bandwidthMBs = 0.0f;
+    lost.payloadMBs = 0.0f;
+    lost.fpsSent = 0.0f;
+    lost.fpsReceived = 0.0f;
+    lost.newErrors = 0;
+    lost.connectionLost = true;
+    found->points.push_back(lost);
+    if (found->points.size() >= m_maxPoints)
+        halve(found->points);
+}
+
+void CAnalysisHistory::halve(std::vector<SHistoryPoint>& points)
+{
+    // Rates are averaged over the time each point stands for: the run starts at 0.
+    const auto mean = [](float a, double wa, float b, double wb) { return float((a * wa + b * wb) / (wa + wb)); };
+    size_t out = 0;
+    double start = 0.0;
+    for (size_t in = 0; in + 1 < points.size(); in += 2) {
+        const SHistoryPoint& first = points[in];
+        SHistoryPoint merged = points[in + 1];
+        double wa = first.seconds - start;
+        double wb = merged.seconds - first.seconds;
+        if (wa <= 0 || wb <= 0)
+            wa = wb = 1.0;
+        start = merged.seconds;
+        merged.bandwidthMBs = mean(first.bandwidthMBs, wa, merged.bandwidthMBs, wb);
+        merged.payloadMBs = mean(first.payloadMBs, wa, merged.payloadMBs, wb);
+        merged.fpsSent = mean(first.fpsSent, wa, merged.fpsSent, wb);
+        if (first.fpsReceived >= 0 && merged.fpsReceived >= 0)
+            merged.fpsReceived = mean(first.fpsReceived, wa, merged.fpsReceived, wb);
+        merged.newErrors = quint32(std::min<quint64>(quint64(first.newErrors) + merged.newErrors, 0xffffffffu));
+        merged.connectionLost = first.connectionLost || merged.connectionLost;
+        points[out++] = merged;
+    }
+    if (points.size() % 2 != 0)
+        points[out++] = points.back();
+    points.resize(out);
+}
+
+} // namespace Plugin::BandwidthManager

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "analysishistory.h"
+#include "analysisreport.h"
+#include "bandwidthtreewidget.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPointer>
+
+namespace Plugin::BandwidthManager {
+
+// Records an analysis of a bandwidth tree: every tick's samples of the
+// measured cameras, the losses and errors the tree reports, and what an
+// Optimize set. The dialog and the headless analysis share it, and so the
+// report's format.
+class CAnalysisSession : public QObject
+{
+    Q_OBJECT
+public:
+    CAnalysisSession(BandwidthTreeWidget* tree, QString tool, QObject* parent = nullptr);
+
+    // Forgets the last run.
+    void start();
+    void stop();
+    // The run's times count from now; what was recorded stays.
+    void restartClock() { m_clock.start(); }
+    bool isRunning() const { return m_running; }
+    double elapsedSeconds() const;
+
+    const CAnalysisHistory& history() const { return m_history; }
+    // Reads the adapters' link speeds and the measured cameras' transport settings now.
+    SAnalysisRun run();
+    bool save(const QString& jsonPath, const QString& csvPath, QString* error);
+    // The readings of the measured cameras in the tree's order.
+    std::vector<SCameraReading> readings() const;
+
+signals:
+    void recorded();
+
+private slots:
+    void onSamplesUpdated();
+    void onErrorOccurred(const QString& key, const QString& message, const QDateTime& when);
+    void onOptimized(const BandwidthTreeWidget::SOptimizationResult& result);
+
+private:
+    QPointer<BandwidthTreeWidget> m_tree;
+    CAnalysisHistory m_history;
+    SAnalysisRun m_run;
+    QElapsedTimer m_clock;
+    bool m_running = false;
+};
+
+} // namespace Plugin::BandwidthManager

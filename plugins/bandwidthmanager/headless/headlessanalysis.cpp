@@ -1,0 +1,236 @@
+#include "headlessanalysis.h"
+
+#include "analysissession.h"
+#include "bandwidthtreewidget.h"
+#include "flattree.h"
+
+#include <Core/Plugin/ServiceLookup.h>
+#include <Plugin/CameraPool/ICameraEnumerationService.h>
+#include <Plugin/CameraPool/ICameraStatusService.h>
+
+#include <QCoreApplication>
+#include <QSet>
+#include <QSettings>
+
+#include <cmath>
+
+using Plugin::BandwidthManager::CAnalysisSession;
+using Plugin::BandwidthManager::SCameraReading;
+
+namespace {
+
+constexpr int TickMs = 250;
+
+QString megabytes(quint64 bytesPerSecond)
+{
+    return QString::number(double(bytesPerSecond) * 1e-6, 'f', 2);
+}
+
+} // namespace
+
+CHeadlessAnalysis::CHeadlessAnalysis(const Core::Plugin::PluginManagerPtr& manager, SHeadlessOptions options,
+                                     FILE* out, FILE* err)
+    : m_manager(manager)
+    , m_options(std::move(options))
+    , m_out(out)
+    , m_err(err)
+    , m_tree(std::make_unique<BandwidthTreeWidget>())
+{
+    m_tree->setCameraServices(m_manager.toWeakRef());
+    // The columns bring the limit editors that Optimize works through.
+    QSettings settings;
+    m_tree->setupColumns(&settings);
+    m_tree->setDeviceClasses(QStringList{QStringLiteral("DorvikUsb"), QStringLiteral("DorvikGigE")});
+    m_session = new CAnalysisSession(m_tree.get(), QStringLiteral("bwm-analyse"), this);
+    connect(m_tree.get(), &BandwidthTreeWidget::errorOccurred, this,
+            [this](const QString& key, const QString& message, const QDateTime&) {
+                std::fprintf(m_err, "%s: %s\n", qPrintable(key), qPrintable(message));
+            });
+    m_discoveryLimit.setSingleShot(true);
+    connect(&m_discoveryLimit, &QTimer::timeout, this, &CHeadlessAnalysis::onDiscoveryDone);
+    m_tick.setInterval(TickMs);
+    connect(&m_tick, &QTimer::timeout, this, &CHeadlessAnalysis::onTick);
+}
+
+CHeadlessAnalysis::~CHeadlessAnalysis() = default;
+
+void CHeadlessAnalysis::start()
+{
+    const auto enumeration = Core::Plugin::getService<Plugin::CameraPool::ICameraEnumerationService>(m_manager);
+    const auto status = Core::Plugin::getService<Plugin::CameraPool::ICameraStatusService>(m_manager);
+    if (!enumeration || !status) {
+        fail(1, QStringLiteral("No camera services."));
+        return;
+    }
+    m_tree->setOpenCameras(enumeration->openCameras());
+    connect(enumeration.data(), SIGNAL(enumerationChanged()), this, SLOT(onDeviceListChanged()));
+    // Queued, as in the dialog: the measuring camera must have learnt of the loss before the rebuild.
+    connect(status.data(), SIGNAL(cameraConnectionLost(Core::CameraPoolComponents::CameraInfoPtr)), this,
+            SLOT(onDeviceListChanged()), Qt::QueuedConnection);
+    // The first discovery's end, or the time limit, whichever comes first.
+    if (enumeration->metaObject()->indexOfSignal("scanFinished()") >= 0)
+        connect(enumeration.data(), SIGNAL(scanFinished()), this, SLOT(onDeviceListChanged()));
+    m_discoveryLimit.start(int(m_options.discoverySeconds * 1000));
+}
+
+void CHeadlessAnalysis::onDeviceListChanged()
+{
+    m_tree->refreshTree();
+    // Named cameras: no need to wait for the limit once they are all there.
+    if (!m_measuring && !m_done && !m_options.cameras.isEmpty() && allNamedCamerasListed()) {
+        m_discoveryLimit.stop();
+        QTimer::singleShot(0, this, &CHeadlessAnalysis::onDiscoveryDone);
+    }
+}
+
+bool CHeadlessAnalysis::allNamedCamerasListed()
+{
+    return chooseCameras(nullptr);
+}
+
+// Matches a name against a camera's serial number, IP address, listed name or
+// key; starts measuring the chosen cameras unless error is null.
+bool CHeadlessAnalysis::chooseCameras(QString* error)
+{
+    const FlatTree& model = *m_tree->model();
+    std::vector<FlatTreeItemID> chosen;
+    QSet<QString> matched;
+    QStringList listed;
+    for (FlatTreeItemID id = 1; id < model.size(); ++id) {
+        const FlatTreeItem& item = model.item(id);
+        if (!item.isCamera || !item.cameraInfo)
+            continue;
+        const QMap<QString, QString> properties = item.cameraInfo->properties();
+        const QStringList names{properties.value(QStringLiteral("SerialNumber")),
+                                properties.value(QStringLiteral("IpAddress")), item.text, item.cameraInfo->key()};
+        listed << item.text;
+        bool wanted = m_options.cameras.isEmpty();
+        for (const QString& name : m_options.cameras) {
+            if (!name.isEmpty() && names.contains(name)) {
+                matched.insert(name);
+                wanted = true;
+            }
+        }
+        if (wanted)
+            chosen.push_back(id);
+    }
+    for (const QString& name : m_options.cameras) {
+        if (!matched.contains(name)) {
+            if (error)
+                *error = QStringLiteral("No camera named \"%1\". Cameras found: %2")
+                             .arg(name, listed.isEmpty() ? QStringLiteral("none") : listed.join(QStringLiteral(", ")));
+            return false;
+        }
+    }
+    if (!error)
+        return true;
+    for (FlatTreeItemID id : chosen)
+        m_tree->startCamera(id);
+    return true;
+}
+
+void CHeadlessAnalysis::onDiscoveryDone()
+{
+    if (m_measuring || m_done)
+        return;
+    m_discoveryLimit.stop();
+    m_tree->refreshTree();
+    QString error;
+    if (!chooseCameras(&error)) {
+        fail(2, error);
+        return;
+    }
+    if (m_tree->measuredCameraCount() == 0) {
+        fail(1, QStringLiteral("No camera could be measured."));
+        return;
+    }
+    m_measuring = true;
+    m_session->start();
+    if (m_options.optimize) {
+        std::fprintf(m_out, "Optimizing every GigE adapter...\n");
+        std::fflush(m_out);
+        m_tree->OptimizeAllGigE();
+    }
+    m_tree->startAcquisition();
+    // The report's times are measuring times: the clock starts with the acquisition.
+    m_session->restartClock();
+    m_nextPrint = m_options.printInterval;
+    m_tick.start();
+    QTimer::singleShot(int(m_options.seconds * 1000), this, &CHeadlessAnalysis::finish);
+}
+
+void CHeadlessAnalysis::onTick()
+{
+    m_tree->updateSamples();
+    if (m_options.printInterval > 0 && m_session->elapsedSeconds() + 0.01 >= m_nextPrint) {
+        printTable();
+        m_nextPrint += m_options.printInterval;
+    }
+}
+
+void CHeadlessAnalysis::printTable()
+{
+    const FlatTree& model = *m_tree->model();
+    const std::vector<SCameraReading> readings = m_session->readings();
+    std::fprintf(m_out, "%7.1f s  %-36s %9s %9s %9s %9s %9s %7s\n", m_session->elapsedSeconds(), "camera", "MB/s",
+                 "payload", "fps sent", "fps recv", "images", "errors");
+    QString adapter;
+    for (const SCameraReading& reading : readings) {
+        if (reading.adapterKey != adapter) {
+            adapter = reading.adapterKey;
+            const FlatTreeItemID id = model.findByKey(adapter);
+            const QString name = id ? model.item(id).text : adapter;
+            std::fprintf(m_out, "  %s\n", qPrintable(name == adapter ? adapter : name + QStringLiteral(" ") + adapter));
+        }
+        const auto& sample = reading.sample;
+        const QString received = sample.fpsReceived < 0 ? QStringLiteral("-") : QString::number(sample.fpsReceived, 'f', 1);
+        std::fprintf(m_out, "           %-36s %9s %9s %9.1f %9s %9llu %7llu%s\n", qPrintable(reading.name.left(36)),
+                     qPrintable(megabytes(sample.bandwidth)), qPrintable(megabytes(sample.payloadReceived)),
+                     sample.fpsSent, qPrintable(received), static_cast<unsigned long long>(sample.images),
+                     static_cast<unsigned long long>(sample.errors), sample.connectionLost ? "  connection lost" : "");
+    }
+    std::fflush(m_out);
+}
+
+void CHeadlessAnalysis::finish()
+{
+    if (m_done)
+        return;
+    m_done = true;
+    m_tick.stop();
+    m_tree->updateSamples();
+    printTable();
+    m_session->stop();
+    m_tree->stopAcquisition();
+    int status = 0;
+    quint64 errors = 0;
+    for (const auto& camera : m_session->history().cameras()) {
+        if (!camera.points.empty()) {
+            errors += camera.points.back().errors;
+            if (camera.points.back().connectionLost)
+                status = 1;
+        }
+    }
+    const Plugin::BandwidthManager::SAnalysisRun run = m_session->run();
+    if (errors > 0 || !run.events.empty())
+        status = 1;
+    if (!m_options.jsonPath.isEmpty() || !m_options.csvPath.isEmpty()) {
+        QString error;
+        if (!Plugin::BandwidthManager::saveAnalysisReport(m_session->history(), run, m_options.jsonPath,
+                                                          m_options.csvPath, &error)) {
+            std::fprintf(m_err, "Could not write the report: %s\n", qPrintable(error));
+            status = 1;
+        }
+    }
+    std::fprintf(m_out, "%llu errors, %zu events\n", static_cast<unsigned long long>(errors), run.events.size());
+    std::fflush(m_out);
+    emit finished(status);
+}
+
+void CHeadlessAnalysis::fail(int status, const QString& message)
+{
+    m_done = true;
+    m_discoveryLimit.stop();
+    std::fprintf(m_err, "bwm-analyse: %s\n", qPrintable(message));
+    emit finished(status);
+}

@@ -1,0 +1,262 @@
+// bwm-analyse measures emulated cameras on loopback addresses of this run:
+// the report agrees with what the emulators say they sent, and bad use and
+// a dying camera give their exit status.
+#include "CCameraProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <unistd.h>
+
+#include <cmath>
+#include <functional>
+
+namespace {
+
+constexpr int FramesPerSecond = 30;
+constexpr int Width = 640;
+constexpr int Height = 480;
+
+struct SRun
+{
+    int status = -1;
+    QString out;
+    QString err;
+};
+
+class HeadlessAnalysis : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(dir.isValid());
+        const int pid = int(::getpid());
+        for (int index = 0; index < 2; ++index) {
+            serials[index] = QStringLiteral("BWH%1%2").arg(pid % 100000).arg(QChar('A' + index));
+            const QString address =
+                QStringLiteral("127.%1.%2.%3").arg(150 + pid % 100).arg((pid / 100) % 250).arg(2 + index);
+            ASSERT_TRUE(cameras[index].start({GIGE_EMULATOR_PATH, "--address", address, "--serial", serials[index],
+                                              "--width", QString::number(Width), "--height", QString::number(Height),
+                                              "--packet-size", "8192", "--fps", QString::number(FramesPerSecond),
+                                              "--stats", "0.2"},
+                                             statsFile(index)))
+                << address.toStdString();
+        }
+    }
+
+    QString statsFile(int index) const { return dir.filePath(QStringLiteral("emulator%1.log").arg(index)); }
+    QString path(const char* name) const { return dir.filePath(QLatin1String(name)); }
+
+    // What the emulator last said it sent.
+    qint64 framesSent(int index) const
+    {
+        QFile file(statsFile(index));
+        if (!file.open(QIODevice::ReadOnly))
+            return -1;
+        const QString text = QString::fromLatin1(file.readAll());
+        qint64 sent = -1;
+        auto matches = QRegularExpression(QStringLiteral("stats: frames \\d+ sent (\\d+)")).globalMatch(text);
+        while (matches.hasNext())
+            sent = matches.next().captured(1).toLongLong();
+        return sent;
+    }
+
+    SRun analyse(const QStringList& arguments, const std::function<void()>& during = {})
+    {
+        QProcess process;
+        process.start(QStringLiteral(BWM_ANALYSE_PATH), arguments);
+        SRun run;
+        if (!process.waitForStarted(5000))
+            return run;
+        if (during)
+            during();
+        process.waitForFinished(60000);
+        run.status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+        run.out = QString::fromLocal8Bit(process.readAllStandardOutput());
+        run.err = QString::fromLocal8Bit(process.readAllStandardError());
+        return run;
+    }
+
+    QJsonObject report(const QString& file) const
+    {
+        QFile in(file);
+        return in.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(in.readAll()).object() : QJsonObject();
+    }
+    static QJsonObject cameraOf(const QJsonObject& report, const QString& serial)
+    {
+        for (const QJsonValue& camera : report.value(QStringLiteral("cameras")).toArray()) {
+            if (camera.toObject().value(QStringLiteral("name")).toString().contains(serial))
+                return camera.toObject();
+        }
+        return {};
+    }
+    static std::string validate(const QString& file)
+    {
+        QProcess validator;
+        validator.start(QStringLiteral(VALIDATE_REPORT), {QStringLiteral(REPORT_SCHEMA), file});
+        validator.waitForFinished(30000);
+        return validator.exitCode() == 0 && validator.exitStatus() == QProcess::NormalExit
+                   ? std::string()
+                   : (validator.readAllStandardOutput() + validator.readAllStandardError()).toStdString();
+    }
+    // The host counted every frame it was sent, good or bad, within 2 %.
+    void expectAllFramesCounted(const QJsonObject& camera, int index) const
+    {
+        // The emulator prints its counters every 0.2 s; the last line is the count at the stop.
+        QThread::msleep(500);
+        const qint64 sent = framesSent(index);
+        const qint64 counted = camera.value(QStringLiteral("images")).toVariant().toLongLong() +
+                               camera.value(QStringLiteral("errors")).toVariant().toLongLong();
+        EXPECT_GT(sent, FramesPerSecond);
+        EXPECT_NEAR(double(counted), double(sent), 0.02 * double(sent)) << serials[index].toStdString();
+    }
+
+    QTemporaryDir dir;
+    QString serials[2];
+    CCameraProcess cameras[2];
+};
+
+TEST_F(HeadlessAnalysis, reportsWhatTheCamerasSent)
+{
+    const SRun run = analyse({"--cameras", serials[0] + "," + serials[1], "--seconds", "6", "--report",
+                              path("run.json"), "--csv", path("run.csv")});
+    ASSERT_EQ(run.status, 0) << run.out.toStdString() << run.err.toStdString();
+    EXPECT_EQ(validate(path("run.json")), "");
+    const QJsonObject json = report(path("run.json"));
+    EXPECT_EQ(json.value(QStringLiteral("tool")).toString(), QStringLiteral("bwm-analyse"));
+    EXPECT_NEAR(json.value(QStringLiteral("durationSeconds")).toDouble(), 6.0, 0.5);
+    qint64 ticks = 0;
+    for (int index = 0; index < 2; ++index) {
+        SCOPED_TRACE(serials[index].toStdString());
+        const QJsonObject camera = cameraOf(json, serials[index]);
+        ASSERT_FALSE(camera.isEmpty()) << run.out.toStdString();
+        EXPECT_EQ(camera.value(QStringLiteral("errors")).toVariant().toLongLong(), 0);
+        EXPECT_FALSE(camera.value(QStringLiteral("connectionLost")).toBool());
+        EXPECT_NEAR(camera.value(QStringLiteral("fpsSent")).toDouble(), FramesPerSecond, 0.02 * FramesPerSecond);
+        const double payload = double(Width * Height) * FramesPerSecond * 1e-6;
+        EXPECT_NEAR(camera.value(QStringLiteral("payloadMBs")).toDouble(), payload, 0.05 * payload);
+        EXPECT_EQ(camera.value(QStringLiteral("settings")).toObject().value(QStringLiteral("GevSCPSPacketSize")).toInt(),
+                  8192);
+        expectAllFramesCounted(camera, index);
+        ticks += camera.value(QStringLiteral("ticks")).toVariant().toLongLong();
+        // The table on standard output names the camera once a second.
+        EXPECT_GE(run.out.count(serials[index]), 5) << run.out.toStdString();
+    }
+    QFile csv(path("run.csv"));
+    ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = csv.readAll().split('\n');
+    EXPECT_TRUE(lines.first().startsWith("seconds,camera,name,adapter,bandwidth_mbs,payload_mbs"));
+    EXPECT_EQ(lines.size() - 2, ticks) << "one row per camera per tick, after the header";
+}
+
+TEST_F(HeadlessAnalysis, badUseExitsWithTwoAndSaysWhy)
+{
+    struct SCase
+    {
+        QStringList arguments;
+        const char* message;
+    };
+    const SCase cases[] = {
+        {{"--cameras", serials[0] + ",NOSUCHCAMERA", "--discovery-seconds", "3"}, "No camera named \"NOSUCHCAMERA\""},
+        {{"--seconds", "ten"}, "Bad duration \"ten\""},
+        {{"--seconds", "-1"}, "Bad duration \"-1\""},
+        {{"--print-every", "x"}, "Bad interval"},
+        {{"--no-such-option"}, "Unknown option 'no-such-option'"},
+    };
+    for (const SCase& c : cases) {
+        SCOPED_TRACE(c.arguments.join(' ').toStdString());
+        const SRun run = analyse(c.arguments);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_TRUE(run.err.contains(QLatin1String(c.message))) << run.err.toStdString();
+    }
+}
+
+TEST_F(HeadlessAnalysis, aKilledCameraGivesOneWithItsLossInTheReport)
+{
+    const SRun run = analyse({"--cameras", serials[0] + "," + serials[1], "--seconds", "10", "--print-every", "0",
+                              "--report", path("killed.json")},
+                             [this] {
+                                 QThread::msleep(3000);
+                                 cameras[0].kill();
+                             });
+    EXPECT_EQ(run.status, 1) << run.out.toStdString() << run.err.toStdString();
+    EXPECT_EQ(validate(path("killed.json")), "");
+    const QJsonObject json = report(path("killed.json"));
+    const QJsonObject killed = cameraOf(json, serials[0]);
+    EXPECT_TRUE(killed.value(QStringLiteral("connectionLost")).toBool()) << run.out.toStdString();
+    bool lossReported = false;
+    for (const QJsonValue& event : json.value(QStringLiteral("events")).toArray())
+        lossReported = lossReported || (event.toObject().value(QStringLiteral("camera")) == killed.value(QStringLiteral("key")) &&
+                                        event.toObject().value(QStringLiteral("message")).toString().contains(QLatin1String("Connection lost")));
+    EXPECT_TRUE(lossReported) << QJsonDocument(json).toJson().toStdString();
+
+    const QJsonObject alive = cameraOf(json, serials[1]);
+    EXPECT_FALSE(alive.value(QStringLiteral("connectionLost")).toBool());
+    EXPECT_EQ(alive.value(QStringLiteral("errors")).toVariant().toLongLong(), 0);
+    EXPECT_NEAR(alive.value(QStringLiteral("fpsReceived")).toDouble(), FramesPerSecond, 0.08 * FramesPerSecond);
+    expectAllFramesCounted(alive, 1);
+}
+
+// Runs inside run-on-test-network.sh: three cameras that overload their link.
+TEST(HeadlessOnTestNetwork, optimizesThenMeasuresWithoutErrors)
+{
+    const QString host = qEnvironmentVariable("BWM_NET_HOST");
+    const QStringList addresses = qEnvironmentVariable("BWM_NET_CAMERAS").split(' ', Qt::SkipEmptyParts);
+    const int mtu = qEnvironmentVariableIntValue("BWM_E2E_MTU");
+    if (host.isEmpty() || addresses.isEmpty() || mtu == 0)
+        GTEST_SKIP() << "needs the test network: run through tests/bandwidthmanager/e2e-optimize/run-on-test-network.sh";
+    QTemporaryDir dir;
+    QProcess process;
+    process.start(QStringLiteral(BWM_ANALYSE_PATH), {"--optimize", "--cameras", addresses.join(','), "--seconds", "8",
+                                                     "--print-every", "2", "--report", dir.filePath("net.json")});
+    ASSERT_TRUE(process.waitForFinished(90000));
+    const std::string output = (process.readAllStandardOutput() + process.readAllStandardError()).toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << output;
+    QFile file(dir.filePath("net.json"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << output;
+    const QJsonObject json = QJsonDocument::fromJson(file.readAll()).object();
+    const QJsonArray optimizations = json.value(QStringLiteral("optimizations")).toArray();
+    ASSERT_EQ(optimizations.size(), 1) << output;
+    const QJsonObject optimization = optimizations.first().toObject();
+    EXPECT_EQ(optimization.value(QStringLiteral("adapter")).toString(), host);
+    const QJsonArray changed = optimization.value(QStringLiteral("cameras")).toArray();
+    ASSERT_EQ(changed.size(), addresses.size()) << output;
+    double budget = 0.0;
+    for (const QJsonValue& adapter : json.value(QStringLiteral("adapters")).toArray())
+        budget = adapter.toObject().value(QStringLiteral("budgetMBs")).toDouble();
+    double payload = 0.0;
+    for (const QJsonValue& value : changed) {
+        const QJsonObject change = value.toObject();
+        const QString key = change.value(QStringLiteral("key")).toString();
+        SCOPED_TRACE(key.toStdString());
+        QJsonObject camera;
+        for (const QJsonValue& c : json.value(QStringLiteral("cameras")).toArray()) {
+            if (c.toObject().value(QStringLiteral("key")).toString() == key)
+                camera = c.toObject();
+        }
+        ASSERT_FALSE(camera.isEmpty());
+        // What the report says Optimize set is what the camera has at the end.
+        const QJsonObject settings = camera.value(QStringLiteral("settings")).toObject();
+        EXPECT_EQ(change.value(QStringLiteral("packetSizeAfter")).toInt(), mtu);
+        EXPECT_EQ(settings.value(QStringLiteral("GevSCPSPacketSize")).toInt(), mtu);
+        EXPECT_GT(change.value(QStringLiteral("interPacketDelayAfter")).toInt(), 0);
+        EXPECT_EQ(settings.value(QStringLiteral("GevSCPD")).toInt(),
+                  change.value(QStringLiteral("interPacketDelayAfter")).toInt());
+        EXPECT_EQ(camera.value(QStringLiteral("errors")).toInt(), 0);
+        EXPECT_GT(camera.value(QStringLiteral("images")).toInt(), 0);
+        payload += camera.value(QStringLiteral("meanPayloadMBs")).toDouble();
+    }
+    EXPECT_GT(budget, 0.0);
+    EXPECT_LE(payload, budget) << output;
+}
+
+} // namespace
