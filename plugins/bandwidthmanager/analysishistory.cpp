@@ -19,6 +19,7 @@ CAnalysisHistory::CAnalysisHistory(size_t maxPointsPerCamera)
 void CAnalysisHistory::clear()
 {
     m_cameras.clear();
+    m_adapters.clear();
     m_lastSeconds = 0.0;
 }
 
@@ -27,6 +28,28 @@ const SCameraHistory* CAnalysisHistory::camera(const QString& key) const
     const auto found = std::find_if(m_cameras.begin(), m_cameras.end(),
                                     [&key](const SCameraHistory& history) { return history.key == key; });
     return found == m_cameras.end() ? nullptr : &*found;
+}
+
+const SCameraHistory* CAnalysisHistory::adapterTotal(const QString& adapterKey) const
+{
+    const auto found = std::find_if(m_adapters.begin(), m_adapters.end(),
+                                    [&adapterKey](const SCameraHistory& history) { return history.key == adapterKey; });
+    return found == m_adapters.end() ? nullptr : &*found;
+}
+
+void CAnalysisHistory::append(std::vector<SCameraHistory>& series, const QString& key, const QString& name,
+                              const QString& adapterKey, const SBandwidthSample& sample, double seconds)
+{
+    auto found = std::find_if(series.begin(), series.end(), [&key](const SCameraHistory& history) { return history.key == key; });
+    if (found == series.end()) {
+        series.push_back(SCameraHistory{key, name, adapterKey, {}});
+        found = series.end() - 1;
+    }
+    found->name = name;
+    found->adapterKey = adapterKey;
+    found->points.push_back(pointOf(seconds, sample, found->points.empty() ? nullptr : &found->points.back()));
+    if (found->points.size() >= m_maxPoints)
+        halve(found->points);
 }
 
 SHistoryPoint CAnalysisHistory::pointOf(double seconds, const SBandwidthSample& sample, const SHistoryPoint* previous)
@@ -50,21 +73,20 @@ void CAnalysisHistory::record(double seconds, const std::vector<SCameraReading>&
 {
     m_lastSeconds = seconds;
     std::map<QString, size_t> rank;
+    std::map<QString, SBandwidthSample> totals;
     for (const SCameraReading& reading : readings) {
         rank.emplace(reading.key, rank.size());
-        auto found = std::find_if(m_cameras.begin(), m_cameras.end(),
-                                  [&reading](const SCameraHistory& history) { return history.key == reading.key; });
-        if (found == m_cameras.end()) {
-            m_cameras.push_back(SCameraHistory{reading.key, reading.name, reading.adapterKey, {}});
-            found = m_cameras.end() - 1;
-        }
-        SCameraHistory& history = *found;
-        history.name = reading.name;
-        history.adapterKey = reading.adapterKey;
-        history.points.push_back(pointOf(seconds, reading.sample, history.points.empty() ? nullptr : &history.points.back()));
-        if (history.points.size() >= m_maxPoints)
-            halve(history.points);
+        append(m_cameras, reading.key, reading.name, reading.adapterKey, reading.sample, seconds);
+        SBandwidthSample& total = totals[reading.adapterKey];
+        total.bandwidth += reading.sample.bandwidth;
+        total.payloadReceived += reading.sample.payloadReceived;
+        total.images += reading.sample.images;
+        total.errors += reading.sample.errors;
+        total.fpsSent += reading.sample.fpsSent;
+        total.fpsReceived = -1.0;
     }
+    for (const auto& total : totals)
+        append(m_adapters, total.first, total.first, total.first, total.second, seconds);
     // The tree's order for those read now; the others keep their place among them.
     std::map<QString, size_t> position;
     const size_t stride = m_cameras.size() + 1;

@@ -63,16 +63,22 @@ public:
 
     const std::vector<SCameraHistory>& cameras() const { return m_cameras; }
     const SCameraHistory* camera(const QString& key) const;
+    // Per adapter, the sum of its cameras' rates at each tick (key and adapterKey: the adapter's).
+    const std::vector<SCameraHistory>& adapterTotals() const { return m_adapters; }
+    const SCameraHistory* adapterTotal(const QString& adapterKey) const;
     size_t maxPointsPerCamera() const { return m_maxPoints; }
     double lastSeconds() const { return m_lastSeconds; }
 
 private:
     static SHistoryPoint pointOf(double seconds, const SBandwidthSample& sample, const SHistoryPoint* previous);
     static void halve(std::vector<SHistoryPoint>& points);
+    void append(std::vector<SCameraHistory>& series, const QString& key, const QString& name, const QString& adapterKey,
+                const SBandwidthSample& sample, double seconds);
 
     size_t m_maxPoints;
     double m_lastSeconds = 0.0;
     std::vector<SCameraHistory> m_cameras;
+    std::vector<SCameraHistory> m_adapters;
 };
 
 } // namespace Plugin::BandwidthManager

@@ -1,6 +1,8 @@
 #include "analysissession.h"
 
+#include "bandwidthlimiterinterpacketdelay.h"
 #include "bandwidthmeasuringcamera.h"
+#include "devicelinkthroughputlimiteditor.h"
 #include "flattree.h"
 
 #include <QHostInfo>
@@ -87,7 +89,13 @@ std::vector<SCameraReading> CAnalysisSession::readings() const
         if (!item.isCamera || !item.measuringCamera || !item.cameraInfo)
             continue;
         const FlatTreeItem& adapter = model.item(item.parentId);
-        readings.push_back(SCameraReading{item.cameraInfo->key(), item.text, adapter.key, item});
+        SBandwidthSample sample = item;
+        // What the tree's Bandwidth column shows: the limit in the camera's editor, where it has one.
+        if (const auto* limiter = qobject_cast<const BandwidthLimiterInterPacketDelay*>(item.editor))
+            sample.bandwidth = quint64(std::max(0, limiter->value())) * 1000000u;
+        else if (const auto* link = qobject_cast<const DeviceLinkThroughputLimitEditor*>(item.editor))
+            sample.bandwidth = quint64(std::max(0, link->value()));
+        readings.push_back(SCameraReading{item.cameraInfo->key(), item.text, adapter.key, sample});
     }
     return readings;
 }

@@ -382,7 +382,7 @@ void BandwidthDialog::showBudgets()
         const bool measured = std::any_of(adapter.children.begin(), adapter.children.end(),
                                           [model](FlatTreeItemID child) { return model->item(child).measuringCamera; });
         if (measured)
-            budgets.push_back({adapter.text, ui.treeBandwidth->linkSpeed(id) / 8 * 1e-6 * 0.9});
+            budgets.push_back({adapter.key, adapter.text, ui.treeBandwidth->linkSpeed(id) / 8 * 1e-6 * 0.9});
     }
     ui.plotHistory->setBudgets(budgets);
 }

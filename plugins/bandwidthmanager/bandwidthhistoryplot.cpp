@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include <qwt_legend.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_grid.h>
@@ -27,9 +28,10 @@ const QColor Palette[] = {QColor(0, 114, 178), QColor(230, 159, 0), QColor(0, 15
 class CPayloadSeries : public QwtSeriesData<QPointF>
 {
 public:
-    CPayloadSeries(const CAnalysisHistory* history, QString key)
+    CPayloadSeries(const CAnalysisHistory* history, QString key, bool adapterTotal = false)
         : m_history(history)
         , m_key(std::move(key))
+        , m_adapterTotal(adapterTotal)
     {
     }
     size_t size() const override { return points() ? points()->size() : 0; }
@@ -44,11 +46,14 @@ public:
 private:
     const std::vector<SHistoryPoint>* points() const
     {
-        const SCameraHistory* camera = m_history ? m_history->camera(m_key) : nullptr;
-        return camera ? &camera->points : nullptr;
+        const SCameraHistory* series = !m_history  ? nullptr
+                                       : m_adapterTotal ? m_history->adapterTotal(m_key)
+                                                        : m_history->camera(m_key);
+        return series ? &series->points : nullptr;
     }
     const CAnalysisHistory* m_history;
     QString m_key;
+    bool m_adapterTotal;
 };
 
 } // namespace
@@ -70,7 +75,7 @@ CBandwidthHistoryPlot::CBandwidthHistoryPlot(QWidget* parent)
     grid->setPen(QColor(220, 220, 220), 0.0, Qt::DotLine);
     grid->attach(this);
     setAxisAutoScale(QwtPlot::xBottom);
-    setAxisAutoScale(QwtPlot::yLeft);
+    insertLegend(new QwtLegend(), QwtPlot::RightLegend);
     retranslate();
 }
 
@@ -84,6 +89,7 @@ void CBandwidthHistoryPlot::setHistory(const CAnalysisHistory* history)
     }
     m_curves.clear();
     m_history = history;
+    placeBudgets();
     refresh();
 }
 
@@ -99,12 +105,21 @@ void CBandwidthHistoryPlot::placeBudgets()
     for (QwtPlotMarker* marker : m_budgets)
         delete marker;
     m_budgets.clear();
+    for (QwtPlotCurve* total : m_totals)
+        delete total;
+    m_totals.clear();
     for (const SBudget& budget : m_budgetValues) {
+        auto* total = new QwtPlotCurve(tr("%1: all cameras").arg(budget.adapterName));
+        total->setPen(QColor(90, 90, 90), 1.5, Qt::DashLine);
+        total->setData(new CPayloadSeries(m_history, budget.adapterKey, true));
+        total->setZ(10);
+        total->attach(this);
+        m_totals.push_back(total);
         auto* marker = new QwtPlotMarker();
         marker->setLineStyle(QwtPlotMarker::HLine);
         marker->setLinePen(QColor(200, 0, 0), 1.0, Qt::DashLine);
         marker->setYValue(budget.megabytesPerSecond);
-        marker->setLabelAlignment(Qt::AlignLeft | Qt::AlignTop);
+        marker->setLabelAlignment(Qt::AlignRight | Qt::AlignBottom);
         marker->setLabel(QwtText(tr("%1: 90 % of the link, %2 MB/s")
                                      .arg(budget.adapterName)
                                      .arg(budget.megabytesPerSecond, 0, 'f', 1)));
@@ -140,6 +155,7 @@ void CBandwidthHistoryPlot::refresh()
             made->errors = new QwtPlotCurve(camera.name);
             made->errors->setStyle(QwtPlotCurve::NoCurve);
             made->errors->setItemAttribute(QwtPlotItem::AutoScale, false);
+            made->errors->setItemAttribute(QwtPlotItem::Legend, false);
             made->errors->attach(this);
             curves.push_back(std::move(made));
         }
@@ -160,6 +176,15 @@ void CBandwidthHistoryPlot::refresh()
         }
         m_curves[index]->errors->setSamples(marks);
     }
+    // From zero, and high enough for the budgets: a link far from full shows as such.
+    double top = 1.0;
+    for (const SBudget& budget : m_budgetValues)
+        top = std::max(top, budget.megabytesPerSecond);
+    for (const QwtPlotCurve* total : m_totals)
+        top = std::max(top, total->dataSize() ? total->boundingRect().bottom() : 0.0);
+    for (const auto& curves : m_curves)
+        top = std::max(top, curves->payload->dataSize() ? curves->payload->boundingRect().bottom() : 0.0);
+    setAxisScale(QwtPlot::yLeft, 0.0, top * 1.1);
     replot();
 }
 
@@ -198,8 +223,13 @@ const QwtPlotCurve* CBandwidthHistoryPlot::errorCurve(int index) const
 
 void CBandwidthHistoryPlot::retranslate()
 {
-    setAxisTitle(QwtPlot::xBottom, tr("Time (s)"));
-    setAxisTitle(QwtPlot::yLeft, tr("Payload (MB/s)"));
+    // The widget's own font, not Qwt's bold and larger one: the plot is a part of the dialog.
+    QwtText time(tr("Time (s)"));
+    time.setFont(font());
+    setAxisTitle(QwtPlot::xBottom, time);
+    QwtText payload(tr("Payload (MB/s)"));
+    payload.setFont(font());
+    setAxisTitle(QwtPlot::yLeft, payload);
     placeBudgets();
 }
 

@@ -16,15 +16,16 @@ namespace Plugin::BandwidthManager {
 class CAnalysisHistory;
 
 // The measured cameras' payload over the run, a line per camera in the
-// tree's order, a cross where a camera's errors grew, and each adapter's
-// budget (90 % of its link) as a dashed line. The curves read the history
-// in place: a tick appends a point and redraws, nothing is copied.
+// tree's order, a cross where a camera's errors grew, and per adapter its
+// cameras' sum against its budget (90 % of its link). The curves read the
+// history in place: a tick appends a point and redraws, nothing is copied.
 class CBandwidthHistoryPlot : public QwtPlot
 {
     Q_OBJECT
 public:
     struct SBudget
     {
+        QString adapterKey;
         QString adapterName;
         double megabytesPerSecond = 0.0;
     };
@@ -58,6 +59,7 @@ private:
     std::vector<std::unique_ptr<SCurves>> m_curves;
     std::vector<SBudget> m_budgetValues;
     std::vector<QwtPlotMarker*> m_budgets;
+    std::vector<QwtPlotCurve*> m_totals;
     QString m_highlighted;
 };
 

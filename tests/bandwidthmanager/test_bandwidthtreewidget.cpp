@@ -1,3 +1,5 @@
+#include "analysissession.h"
+#include "bandwidthhistoryplot.h"
 #include "bandwidthtreewidget.h"
 #include "flattree.h"
 
@@ -17,7 +19,10 @@
 
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+
+#include <qwt_plot_curve.h>
 
 using namespace HostFakes;
 using Core::CameraPoolComponents::CameraInfoPtr;
@@ -365,6 +370,46 @@ TEST_F(TreeWidgetTest, acquisitionGrabsCountsAndStops)
     tree.stopAcquisition();
     EXPECT_FALSE(camera->isGrabbing());
     EXPECT_EQ(tree.measuredCameraCount(), 1u) << "stopping leaves the ticked camera measured";
+}
+
+TEST_F(TreeWidgetTest, theSessionRecordsEveryTickOfTheMeasuredCamerasForThePlotAndTheReport)
+{
+    using namespace Plugin::BandwidthManager;
+    enumeration->addTransportLayer("DorvikGigE", {g1, g2});
+    tree.refreshTree();
+    ASSERT_TRUE(tree.startCameraByKey("gev-1"));
+    ASSERT_TRUE(tree.startCameraByKey("gev-2"));
+    CAnalysisSession session(&tree, QStringLiteral("zenta-viewer"));
+    CBandwidthHistoryPlot plot;
+    plot.setHistory(&session.history());
+    QObject::connect(&session, &CAnalysisSession::recorded, &plot, &CBandwidthHistoryPlot::refresh);
+    tree.updateSamples();
+    EXPECT_EQ(plot.curveCount(), 0) << "nothing is recorded before the start";
+
+    tree.startAcquisition();
+    session.start();
+    for (int tick = 0; tick < 3; ++tick) {
+        control->camera("gev-1")->grab(true, 1000);
+        control->camera("gev-2")->grab(tick != 1, 1000);
+        tree.updateSamples();
+    }
+    tree.stopAcquisition();
+    session.stop();
+    tree.updateSamples();
+
+    ASSERT_EQ(plot.curveCount(), 2);
+    for (int index = 0; index < 2; ++index) {
+        EXPECT_EQ(plot.payloadCurve(index)->dataSize(), 3u) << index;
+        EXPECT_EQ(plot.errorCurve(index)->dataSize(), index == 1 ? 1u : 0u) << "the failed grab, where it happened";
+    }
+    EXPECT_EQ(session.history().cameras()[1].points.back().images, 2u);
+
+    QTemporaryDir dir;
+    QString error;
+    ASSERT_TRUE(session.save(QString(), dir.filePath("run.csv"), &error)) << error.toStdString();
+    QFile csv(dir.filePath("run.csv"));
+    ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
+    EXPECT_EQ(csv.readAll().count('\n'), 1 + 6);
 }
 
 } // namespace

@@ -67,10 +67,20 @@ void CHeadlessAnalysis::start()
     // Queued, as in the dialog: the measuring camera must have learnt of the loss before the rebuild.
     connect(status.data(), SIGNAL(cameraConnectionLost(Core::CameraPoolComponents::CameraInfoPtr)), this,
             SLOT(onDeviceListChanged()), Qt::QueuedConnection);
-    // The first discovery's end, or the time limit, whichever comes first.
+    // The first discovery's end, or the time limit, whichever comes first. Only
+    // the first: a rebuild of the tree opens the limit editors again, and they
+    // probe each camera's delay range while it streams.
     if (enumeration->metaObject()->indexOfSignal("scanFinished()") >= 0)
-        connect(enumeration.data(), SIGNAL(scanFinished()), this, SLOT(onDeviceListChanged()));
+        connect(enumeration.data(), SIGNAL(scanFinished()), this, SLOT(onFirstScanFinished()));
     m_discoveryLimit.start(int(m_options.discoverySeconds * 1000));
+}
+
+void CHeadlessAnalysis::onFirstScanFinished()
+{
+    disconnect(sender(), SIGNAL(scanFinished()), this, SLOT(onFirstScanFinished()));
+    m_tree->refreshTree();
+    if (m_options.cameras.isEmpty() || allNamedCamerasListed())
+        QTimer::singleShot(0, this, &CHeadlessAnalysis::onDiscoveryDone);
 }
 
 void CHeadlessAnalysis::onDeviceListChanged()
@@ -156,7 +166,8 @@ void CHeadlessAnalysis::onDiscoveryDone()
     m_session->restartClock();
     m_nextPrint = m_options.printInterval;
     m_tick.start();
-    QTimer::singleShot(int(m_options.seconds * 1000), this, &CHeadlessAnalysis::finish);
+    // Precise: a coarse timer may end a 10 s run half a second early.
+    QTimer::singleShot(int(m_options.seconds * 1000), Qt::PreciseTimer, this, &CHeadlessAnalysis::finish);
 }
 
 void CHeadlessAnalysis::onTick()

@@ -36,6 +36,7 @@ private slots:
     void onDiscoveryDone();
     void onTick();
     void onDeviceListChanged();
+    void onFirstScanFinished();
 
 private:
     bool allNamedCamerasListed();

@@ -300,6 +300,10 @@
         <source>Payload (MB/s)</source>
         <translation>ペイロード (MB/s)</translation>
     </message>
+    <message>
+        <source>%1: all cameras</source>
+        <translation>%1: 全カメラ</translation>
+    </message>
 </context>
 <context>
     <name>Plugin::BandwidthManager::CBandwidthManagerPlugin</name>

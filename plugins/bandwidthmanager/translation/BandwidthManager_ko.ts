@@ -300,6 +300,10 @@
         <source>Payload (MB/s)</source>
         <translation>페이로드 (MB/s)</translation>
     </message>
+    <message>
+        <source>%1: all cameras</source>
+        <translation>%1: 모든 카메라</translation>
+    </message>
 </context>
 <context>
     <name>Plugin::BandwidthManager::CBandwidthManagerPlugin</name>

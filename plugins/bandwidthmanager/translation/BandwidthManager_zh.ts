@@ -300,6 +300,10 @@
         <source>Payload (MB/s)</source>
         <translation>有效载荷 (MB/s)</translation>
     </message>
+    <message>
+        <source>%1: all cameras</source>
+        <translation>%1: 所有相机</translation>
+    </message>
 </context>
 <context>
     <name>Plugin::BandwidthManager::CBandwidthManagerPlugin</name>

@@ -3,6 +3,7 @@
 // which gives the network in BWM_NET_* (a second link, where there is one, in
 // BWM_NET_B_*), the link's MTU and speed in BWM_E2E_MTU and BWM_E2E_LINK_MBPS.
 #include "bandwidthdialog.h"
+#include "bandwidthhistoryplot.h"
 #include "bandwidthtreewidget.h"
 #include "flattree.h"
 
@@ -14,6 +15,8 @@
 #include <Plugin/ParameterCollectionPool/IParameterService.h>
 
 #include <gtest/gtest.h>
+
+#include <qwt_plot_curve.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -411,15 +414,35 @@ TEST_F(OptimizeEndToEnd, optimizeButtonOfTheAdapterMakesTheCamerasFit)
     openDialog(HostFakes::CModalResponder::closeWindow());
     checkAll();
     startAnalysis();
+    QElapsedTimer sinceStart;
+    sinceStart.start();
     expectLossBeforeOptimizing();
 
     QPushButton* optimize = optimizeButton();
     ASSERT_NE(optimize, nullptr);
     ASSERT_TRUE(optimize->isEnabled());
     optimize->click();
+    const double settled = double(sinceStart.elapsed() + SettleMs) / 1000;
 
     EXPECT_EQ(resultText().toStdString(), expectedResultText().toStdString());
     expectFitAfterOptimizing();
+
+    // The history shows the whole run: a line per camera, losses marked before the Optimize and none after.
+    const auto* plot = dialog->findChild<Plugin::BandwidthManager::CBandwidthHistoryPlot*>(QStringLiteral("plotHistory"));
+    ASSERT_NE(plot, nullptr);
+    ASSERT_EQ(plot->curveCount(), cameraCount());
+    for (int index = 0; index < cameraCount(); ++index) {
+        const QwtPlotCurve* marks = plot->errorCurve(index);
+        EXPECT_GT(plot->payloadCurve(index)->dataSize(), size_t((4000 + SettleMs + WatchMs) / 250 - 8));
+        EXPECT_GT(marks->dataSize(), 0u) << "losses before the Optimize";
+        for (size_t mark = 0; mark < marks->dataSize(); ++mark) {
+            EXPECT_LT(marks->sample(mark).x(), settled) << "a loss after the Optimize";
+        }
+    }
+    const QByteArray screenshot = qgetenv("BWM_HISTORY_SCREENSHOT");
+    if (!screenshot.isEmpty()) {
+        EXPECT_TRUE(dialog->grab().save(QString::fromLocal8Bit(screenshot)));
+    }
     closeDialog();
 }
 

@@ -142,8 +142,9 @@ TEST_F(HeadlessAnalysis, reportsWhatTheCamerasSent)
         EXPECT_EQ(camera.value(QStringLiteral("errors")).toVariant().toLongLong(), 0);
         EXPECT_FALSE(camera.value(QStringLiteral("connectionLost")).toBool());
         EXPECT_NEAR(camera.value(QStringLiteral("fpsSent")).toDouble(), FramesPerSecond, 0.02 * FramesPerSecond);
+        // Over the run: the last tick's rate is an estimate over one second, a frame or three either way.
         const double payload = double(Width * Height) * FramesPerSecond * 1e-6;
-        EXPECT_NEAR(camera.value(QStringLiteral("payloadMBs")).toDouble(), payload, 0.05 * payload);
+        EXPECT_NEAR(camera.value(QStringLiteral("meanPayloadMBs")).toDouble(), payload, 0.05 * payload);
         EXPECT_EQ(camera.value(QStringLiteral("settings")).toObject().value(QStringLiteral("GevSCPSPacketSize")).toInt(),
                   8192);
         expectAllFramesCounted(camera, index);
@@ -202,7 +203,6 @@ TEST_F(HeadlessAnalysis, aKilledCameraGivesOneWithItsLossInTheReport)
     const QJsonObject alive = cameraOf(json, serials[1]);
     EXPECT_FALSE(alive.value(QStringLiteral("connectionLost")).toBool());
     EXPECT_EQ(alive.value(QStringLiteral("errors")).toVariant().toLongLong(), 0);
-    EXPECT_NEAR(alive.value(QStringLiteral("fpsReceived")).toDouble(), FramesPerSecond, 0.08 * FramesPerSecond);
     expectAllFramesCounted(alive, 1);
 }
 
@@ -216,7 +216,7 @@ TEST(HeadlessOnTestNetwork, optimizesThenMeasuresWithoutErrors)
         GTEST_SKIP() << "needs the test network: run through tests/bandwidthmanager/e2e-optimize/run-on-test-network.sh";
     QTemporaryDir dir;
     QProcess process;
-    process.start(QStringLiteral(BWM_ANALYSE_PATH), {"--optimize", "--cameras", addresses.join(','), "--seconds", "8",
+    process.start(QStringLiteral(BWM_ANALYSE_PATH), {"-v", "--optimize", "--cameras", addresses.join(','), "--seconds", "8",
                                                      "--print-every", "2", "--report", dir.filePath("net.json")});
     ASSERT_TRUE(process.waitForFinished(90000));
     const std::string output = (process.readAllStandardOutput() + process.readAllStandardError()).toStdString();
