@@ -75,7 +75,7 @@ void Ui_BandwidthDialog::setupUi(QDialog* BandwidthDialog, BandwidthTreeWidget* 
     verticalLayout->addWidget(treeBandwidth, 3);
 
     plotHistory = new Plugin::BandwidthManager::CBandwidthHistoryPlot(BandwidthDialog);
-    plotHistory->setMinimumSize(QSize(600, 200));
+    plotHistory->setMinimumSize(QSize(600, 120));
     verticalLayout->addWidget(plotHistory, 2);
 
     horizontalLayout = new QHBoxLayout();

@@ -21,12 +21,14 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -657,6 +659,25 @@ TEST_F(BandwidthDialogTest, F1TriggersAnEnabledHelpAction)
     help.setEnabled(true);
     QTest::keyClick(dialog.get(), Qt::Key_F1, Qt::ShiftModifier);
     EXPECT_EQ(triggered.count(), 1);
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(BandwidthDialogTest, ExportWritesTheReportAndItsCsvOrSaysWhyNot)
+{
+    const auto dialog = makeDialog();
+    EXPECT_FALSE(widget<QPushButton>(dialog, "btnExport")->isEnabled()) << "nothing to export before a run";
+    QTemporaryDir dir;
+    CModalResponder responder;
+    ASSERT_TRUE(dialog->exportRun(dir.filePath("run.json")));
+    EXPECT_TRUE(QFile::exists(dir.filePath("run.json")));
+    EXPECT_TRUE(QFile::exists(dir.filePath("run.csv")));
+    EXPECT_TRUE(responder.seen().isEmpty());
+
+    EXPECT_FALSE(dialog->exportRun(dir.filePath("missing/run.json")));
+    EXPECT_EQ(responder.seen(), QStringList{"QMessageBox"});
 }
 
 } // namespace
