@@ -83,6 +83,20 @@ int CNetlinkRoute::Connected() const
     return m_status;
 }
 
+int CNetlinkRoute::GetReceiveStatistics(const char* name, SKernelReceiveStatistics& statistics)
+{
+    if (int rc = Connected())
+        return rc;
+    SOwned<rtnl_link, FreeLink> link;
+    if (int rc = rtnl_link_get_kernel(m_socket, 0, name, &link.p); rc < 0)
+        return ToErrno(rc);
+    statistics.bytes = rtnl_link_get_stat(link.p, RTNL_LINK_RX_BYTES);
+    statistics.missed = rtnl_link_get_stat(link.p, RTNL_LINK_RX_MISSED_ERR);
+    statistics.fifo = rtnl_link_get_stat(link.p, RTNL_LINK_RX_FIFO_ERR);
+    statistics.dropped = rtnl_link_get_stat(link.p, RTNL_LINK_RX_DROPPED);
+    return 0;
+}
+
 int CNetlinkRoute::DumpLinks(std::vector<SKernelLink>& links)
 {
     if (int rc = Connected())

@@ -60,7 +60,30 @@ QJsonObject cameraJson(const SCameraHistory& camera, const SAnalysisRun& run)
     for (auto it = values.constBegin(); it != values.constEnd(); ++it)
         settings[it.key()] = it.value();
     object[QStringLiteral("settings")] = settings;
+    const auto losses = run.cameraLosses.constFind(camera.key);
+    if (losses != run.cameraLosses.constEnd()) {
+        QJsonObject figures;
+        figures[QStringLiteral("missingPackets")] = qint64(losses->missingPackets);
+        figures[QStringLiteral("resentPackets")] = qint64(losses->resentPackets);
+        figures[QStringLiteral("resendRequests")] = qint64(losses->resendRequests);
+        figures[QStringLiteral("underruns")] = qint64(losses->underruns);
+        figures[QStringLiteral("socketDrops")] = orNull(losses->socketDrops);
+        object[QStringLiteral("losses")] = figures;
+    }
     return object;
+}
+
+QString placeName(ELossPlace place)
+{
+    switch (place) {
+    case ELossPlace::Link: return QStringLiteral("link");
+    case ELossPlace::Wire: return QStringLiteral("wire");
+    case ELossPlace::AdapterRing: return QStringLiteral("adapterRing");
+    case ELossPlace::SocketBuffer: return QStringLiteral("socketBuffer");
+    case ELossPlace::Application: return QStringLiteral("application");
+    case ELossPlace::None: break;
+    }
+    return QStringLiteral("none");
 }
 
 QJsonObject optimizationJson(const SReportOptimization& optimization)
@@ -118,6 +141,13 @@ QJsonObject analysisReportJson(const CAnalysisHistory& history, const SAnalysisR
         object[QStringLiteral("linkSpeedMbps")] = known ? QJsonValue(rounded(adapter.linkSpeed * 1e-6)) : QJsonValue();
         object[QStringLiteral("budgetMBs")] =
             known ? QJsonValue(rounded(adapter.linkSpeed / 8 * 1e-6 * UsableShare)) : QJsonValue();
+        QJsonObject losses;
+        losses[QStringLiteral("peakLinkUsePercent")] = rounded(adapter.losses.peakLinkUse * 100.0);
+        losses[QStringLiteral("rxMissed")] = qint64(adapter.losses.missed);
+        losses[QStringLiteral("rxFifo")] = qint64(adapter.losses.fifo);
+        losses[QStringLiteral("rxDropped")] = qint64(adapter.losses.dropped);
+        losses[QStringLiteral("place")] = placeName(adapter.place);
+        object[QStringLiteral("losses")] = losses;
         adapters.append(object);
     }
     report[QStringLiteral("adapters")] = adapters;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysishistory.h"
+#include "lossmeter.h"
 #include "scamerasettingschange.h"
 
 #include <QByteArray>
@@ -20,6 +21,8 @@ struct SReportAdapter
     QString name;
     // Bits per second; <= 0 when unknown.
     double linkSpeed = -1.0;
+    CLossMeter::SAdapterFigures losses;
+    ELossPlace place = ELossPlace::None;
 };
 
 struct SReportOptimization
@@ -51,6 +54,7 @@ struct SAnalysisRun
     QMap<QString, QMap<QString, qint64>> settings;
     std::vector<SReportOptimization> optimizations;
     std::vector<SReportEvent> events;
+    QMap<QString, CLossMeter::SCameraFigures> cameraLosses;
 };
 
 // The JSON report (docs/analysis-report.schema.json describes it).

@@ -15,6 +15,9 @@ namespace Plugin::BandwidthManager {
 
 namespace {
 
+// Losses for this long before the hint names their place: one burst is no pattern.
+constexpr double VerdictSeconds = 3.0;
+
 const char* const TransportSettings[] = {"GevSCPSPacketSize", "GevSCPD", "GevSCFTD", "DeviceLinkThroughputLimit"};
 
 QMap<QString, qint64> transportSettings(const CBandwidthMeasuringCamera& camera)
@@ -51,6 +54,8 @@ CAnalysisSession::CAnalysisSession(BandwidthTreeWidget* tree, QString tool, QObj
 void CAnalysisSession::start()
 {
     m_history.clear();
+    m_losses.clear();
+    m_firstLoss.clear();
     const QString tool = m_run.tool;
     m_run = SAnalysisRun();
     m_run.tool = tool;
@@ -104,7 +109,9 @@ void CAnalysisSession::onSamplesUpdated()
 {
     if (!m_running)
         return;
-    m_history.record(elapsedSeconds(), readings());
+    const double now = elapsedSeconds();
+    m_history.record(now, readings());
+    sampleLosses(now);
     emit recorded();
 }
 
@@ -134,6 +141,46 @@ void CAnalysisSession::onOptimized(const BandwidthTreeWidget::SOptimizationResul
     m_run.optimizations.push_back(optimization);
 }
 
+void CAnalysisSession::sampleLosses(double seconds)
+{
+    const FlatTree& model = *m_tree->model();
+    std::vector<CLossMeter::SAdapter> adapters;
+    std::vector<CLossMeter::SCamera> cameras;
+    for (FlatTreeItemID id = 1; id < model.size(); ++id) {
+        const FlatTreeItem& adapter = model.item(id);
+        if (!adapter.isAdapter || !adapter.isGigE)
+            continue;
+        bool measured = false;
+        for (FlatTreeItemID childId : adapter.children) {
+            const FlatTreeItem& camera = model.item(childId);
+            if (!camera.isCamera || !camera.measuringCamera || !camera.cameraInfo)
+                continue;
+            measured = true;
+            cameras.push_back({camera.cameraInfo->key(), adapter.key, camera.measuringCamera->getParameters(), camera.errors});
+        }
+        if (!measured)
+            continue;
+        // Once per adapter and run: the network layer lists every adapter to find one.
+        if (!m_linkSpeeds.contains(adapter.key))
+            m_linkSpeeds[adapter.key] = m_tree->linkSpeed(id);
+        adapters.push_back({adapter.key, adapter.text, m_linkSpeeds.value(adapter.key)});
+    }
+    m_losses.sample(seconds, adapters, cameras);
+    for (const CLossMeter::SAdapter& adapter : adapters) {
+        const SLossTotals totals = m_losses.totals(adapter.key);
+        if ((totals.lostFrames > 0 || totals.missingPackets > 0) && !m_firstLoss.contains(adapter.key))
+            m_firstLoss[adapter.key] = seconds;
+    }
+}
+
+ELossPlace CAnalysisSession::lossPlace(const QString& adapterKey) const
+{
+    const auto first = m_firstLoss.constFind(adapterKey);
+    if (first == m_firstLoss.constEnd() || elapsedSeconds() - first.value() < VerdictSeconds)
+        return ELossPlace::None;
+    return Plugin::BandwidthManager::lossPlace(m_losses.totals(adapterKey));
+}
+
 SAnalysisRun CAnalysisSession::run()
 {
     if (!m_tree)
@@ -142,11 +189,17 @@ SAnalysisRun CAnalysisSession::run()
     m_run.adapters.clear();
     for (FlatTreeItemID id = 1; id < model.size(); ++id) {
         const FlatTreeItem& item = model.item(id);
-        if (item.isAdapter && item.isGigE)
-            m_run.adapters.push_back(SReportAdapter{item.key, item.text, m_tree->linkSpeed(id)});
-        else if (item.isCamera && item.measuringCamera && item.measuringCamera->isGigE() && item.cameraInfo)
+        if (item.isAdapter && item.isGigE) {
+            const double speed = m_linkSpeeds.contains(item.key) ? m_linkSpeeds.value(item.key) : m_tree->linkSpeed(id);
+            SReportAdapter adapter{item.key, item.text, speed, {}, ELossPlace::None};
+            adapter.losses = m_losses.adapter(item.key);
+            adapter.place = lossPlace(item.key);
+            m_run.adapters.push_back(adapter);
+        } else if (item.isCamera && item.measuringCamera && item.measuringCamera->isGigE() && item.cameraInfo)
             m_run.settings[item.cameraInfo->key()] = transportSettings(*item.measuringCamera);
     }
+    for (const SCameraHistory& camera : m_history.cameras())
+        m_run.cameraLosses[camera.key] = m_losses.camera(camera.key);
     return m_run;
 }
 

@@ -3,6 +3,7 @@
 #include "analysishistory.h"
 #include "analysisreport.h"
 #include "bandwidthtreewidget.h"
+#include "lossmeter.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -35,6 +36,10 @@ public:
     // The readings of the measured cameras in the tree's order.
     std::vector<SCameraReading> readings() const;
 
+    const CLossMeter& losses() const { return m_losses; }
+    // Where an adapter's cameras lose frames, once they have lost them for a few seconds; None before.
+    ELossPlace lossPlace(const QString& adapterKey) const;
+
 signals:
     void recorded();
 
@@ -44,7 +49,13 @@ private slots:
     void onOptimized(const BandwidthTreeWidget::SOptimizationResult& result);
 
 private:
+    void sampleLosses(double seconds);
+
     QPointer<BandwidthTreeWidget> m_tree;
+    CLossMeter m_losses;
+    QMap<QString, double> m_linkSpeeds;
+    // Per adapter, when its cameras first lost something.
+    QMap<QString, double> m_firstLoss;
     CAnalysisHistory m_history;
     SAnalysisRun m_run;
     QElapsedTimer m_clock;

@@ -157,6 +157,7 @@ BandwidthDialog::BandwidthDialog(const Core::Plugin::PluginManagerWeakPtr& plugi
     ui.plotHistory->setHistory(&m_session->history());
     connect(m_session, &Plugin::BandwidthManager::CAnalysisSession::recorded, ui.plotHistory,
             &Plugin::BandwidthManager::CBandwidthHistoryPlot::refresh);
+    connect(m_session, &Plugin::BandwidthManager::CAnalysisSession::recorded, this, &BandwidthDialog::showLosses);
     connect(ui.btnExport, SIGNAL(clicked()), this, SLOT(onExportClicked()));
     m_messageLogService = Core::Plugin::getService<Plugin::MessageLogCore::IMessageLogService>(pluginManager);
 
@@ -281,6 +282,7 @@ void BandwidthDialog::onStartStopClicked()
         }
         ui.treeBandwidth->startAcquisition();
         m_session->start();
+        m_lossAdvice.clear();
         ui.plotHistory->refresh();
         showBudgets();
         logMessage(SeverityInfo, QT_TR_NOOP("Bandwidth analysis has been started."));
@@ -529,6 +531,7 @@ void BandwidthDialog::changeEvent(QEvent* e)
 void BandwidthDialog::updateHints()
 {
     setResultLine(QString(), QString());
+    m_hintShowsAnalysis = false;
 
     QString software;
     QString hardware;
@@ -543,14 +546,9 @@ void BandwidthDialog::updateHints()
         text += hardware;
         setHintLine(text, software.isEmpty() ? WarningIcon : ErrorIcon);
     } else if (m_analysisRunning) {
-        setHintLine(tr("Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera using the "
-                       "controls in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop Analysis</b> to stop the "
-                       "analysis.")
-                        + (ui.treeBandwidth->measuredCameraCount() == 0
-                               ? tr("<br/><br/><b>No camera is being measured.</b> A camera lost during the analysis "
-                                    "is measured again when it comes back.")
-                               : QString()),
-                    InfoIcon);
+        setHintLine(analysisHint(), InfoIcon);
+        m_hintShowsAnalysis = true;
+        return;
     } else {
         qint64 limit = -1;
         if (ui.treeBandwidth->currentItemKind() == 2 && ui.treeBandwidth->currentItemThroughputLimit(limit)
@@ -578,6 +576,66 @@ void BandwidthDialog::updateHints()
                 InfoIcon);
         }
     }
+}
+
+QString BandwidthDialog::analysisHint() const
+{
+    return tr("Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera using the "
+              "controls in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop Analysis</b> to stop the "
+              "analysis.")
+           + (ui.treeBandwidth->measuredCameraCount() == 0
+                  ? tr("<br/><br/><b>No camera is being measured.</b> A camera lost during the analysis "
+                       "is measured again when it comes back.")
+                  : QString())
+           + (m_lossAdvice.isEmpty() ? QString() : QStringLiteral("<br/><br/>") + m_lossAdvice);
+}
+
+void BandwidthDialog::showLosses()
+{
+    using Plugin::BandwidthManager::CLossMeter;
+    using Plugin::BandwidthManager::ELossPlace;
+    const FlatTree* model = ui.treeBandwidth->model();
+    QString advice;
+    quint64 mostLost = 0;
+    const QLocale locale = ui.treeBandwidth->locale();
+    for (FlatTreeItemID id = 1; model && id < model->size(); ++id) {
+        const FlatTreeItem& item = model->item(id);
+        if (!item.row)
+            continue;
+        if (item.isAdapter && item.isGigE) {
+            const CLossMeter::SAdapterFigures figures = m_session->losses().adapter(item.key);
+            item.row->setToolTip(0, tr("Link use %1 % (highest %2 %)\nReceive errors since the start: missed %3, "
+                                       "FIFO %4, dropped %5")
+                                        .arg(locale.toString(figures.linkUse * 100, 'f', 0),
+                                             locale.toString(figures.peakLinkUse * 100, 'f', 0))
+                                        .arg(figures.missed)
+                                        .arg(figures.fifo)
+                                        .arg(figures.dropped));
+            const ELossPlace place = m_session->lossPlace(item.key);
+            const quint64 lost = m_session->losses().totals(item.key).lostFrames;
+            if (place != ELossPlace::None && (advice.isEmpty() || lost > mostLost)) {
+                advice = Plugin::BandwidthManager::lossPlaceAdvice(place);
+                mostLost = lost;
+            }
+        } else if (item.isCamera && item.measuringCamera && item.isGigE && item.cameraInfo) {
+            const CLossMeter::SCameraFigures figures = m_session->losses().camera(item.cameraInfo->key());
+            item.row->setToolTip(7, tr("Since the start:\npackets missing after resends: %1\npackets resent: %2\n"
+                                       "resend requests: %3\nframes without a free buffer: %4\n"
+                                       "packets dropped by the stream socket: %5")
+                                        .arg(figures.missingPackets)
+                                        .arg(figures.resentPackets)
+                                        .arg(figures.resendRequests)
+                                        .arg(figures.underruns)
+                                        .arg(figures.socketDrops < 0 ? QStringLiteral("-")
+                                                                     : QString::number(figures.socketDrops)));
+        }
+    }
+    if (advice == m_lossAdvice)
+        return;
+    m_lossAdvice = advice;
+    // The hint only: updating all of them would clear an Optimize's result line.
+    if (m_analysisRunning && m_hintShowsAnalysis)
+        setHintLine(analysisHint(), InfoIcon);
 }
 
 void BandwidthDialog::updateButtons()

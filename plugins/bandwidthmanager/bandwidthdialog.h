@@ -78,4 +78,9 @@ private:
     QSharedPointer<Plugin::MessageLogCore::IMessageLogService> m_messageLogService;
     Plugin::BandwidthManager::CAnalysisSession* m_session = nullptr;
     void showBudgets();
+    // The loss figures in the rows' tool tips, and their place in the hint line.
+    void showLosses();
+    QString analysisHint() const;
+    QString m_lossAdvice;
+    bool m_hintShowsAnalysis = false;
 };

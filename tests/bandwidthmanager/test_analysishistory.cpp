@@ -95,7 +95,8 @@ TEST(AnalysisReport, matchesTheSchemaAndCountsEveryTick)
     run.tool = QStringLiteral("zenta-viewer");
     run.host = QStringLiteral("host");
     run.started = QDateTime::currentDateTime();
-    run.adapters.push_back({QStringLiteral("10.0.0.1"), QStringLiteral("eth1"), 1e9});
+    run.adapters.push_back({QStringLiteral("10.0.0.1"), QStringLiteral("eth1"), 1e9, {0.97, 1.02, 0, 0, 3}, ELossPlace::Link});
+    run.cameraLosses[QStringLiteral("a")] = {12, 0, 4, 0, -1};
     run.settings[QStringLiteral("a")] = {{QStringLiteral("GevSCPSPacketSize"), 9000}, {QStringLiteral("GevSCPD"), 1200}};
     SReportOptimization optimization;
     optimization.adapterKey = QStringLiteral("10.0.0.1");

@@ -1,3 +1,4 @@
+#include <camerapool/SocketDrops.h>
 #include <camerapool/StreamSocketBuffer.h>
 
 #include <gtest/gtest.h>
@@ -73,4 +74,37 @@ TEST(StreamSocketBuffer, SetsTheBufferOfTheSocketOnTheGivenPortOnly)
     EXPECT_NE(bufferOf(), before);
     EXPECT_LE(bufferOf(), 2 * 4096);
     ::close(fd);
+}
+
+// A socket that nobody reads, with the smallest buffer the kernel allows:
+// what it cannot queue, sock_diag counts as its drops.
+TEST(SocketDrops, countsWhatAFullReceiveBufferRefused)
+{
+    const int receiver = ::socket(AF_INET, SOCK_DGRAM, 0);
+    const int sender = ::socket(AF_INET, SOCK_DGRAM, 0);
+    ASSERT_GE(receiver, 0);
+    ASSERT_GE(sender, 0);
+    const int smallest = 1;
+    ASSERT_EQ(setsockopt(receiver, SOL_SOCKET, SO_RCVBUF, &smallest, sizeof smallest), 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    ASSERT_EQ(::bind(receiver, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    socklen_t length = sizeof address;
+    ASSERT_EQ(getsockname(receiver, reinterpret_cast<sockaddr*>(&address), &length), 0);
+    const quint16 port = ntohs(address.sin_port);
+    EXPECT_EQ(udpSocketDrops(port), 0);
+
+    const char datagram[1000] = {};
+    constexpr int Sent = 100;
+    for (int i = 0; i < Sent; ++i)
+        ::sendto(sender, datagram, sizeof datagram, 0, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    int queued = 0;
+    while (::recv(receiver, const_cast<char*>(datagram), 0, MSG_DONTWAIT) >= 0)
+        ++queued;
+    EXPECT_GT(queued, 0);
+    EXPECT_EQ(udpSocketDrops(port), Sent - queued);
+    ::close(sender);
+    ::close(receiver);
+    EXPECT_EQ(udpSocketDrops(port), -1) << "no socket on that port any more";
 }

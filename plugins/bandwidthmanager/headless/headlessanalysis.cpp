@@ -9,6 +9,7 @@
 #include <Plugin/CameraPool/ICameraStatusService.h>
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <QSet>
 #include <QSettings>
 
@@ -20,6 +21,13 @@ using Plugin::BandwidthManager::SCameraReading;
 namespace {
 
 constexpr int TickMs = 250;
+
+// The hint's advice without its markup, for a terminal.
+QString placeText(Plugin::BandwidthManager::ELossPlace place)
+{
+    QString text = Plugin::BandwidthManager::lossPlaceAdvice(place);
+    return text.remove(QRegularExpression(QStringLiteral("<[^>]*>")));
+}
 
 QString megabytes(quint64 bytesPerSecond)
 {
@@ -183,22 +191,35 @@ void CHeadlessAnalysis::printTable()
 {
     const FlatTree& model = *m_tree->model();
     const std::vector<SCameraReading> readings = m_session->readings();
-    std::fprintf(m_out, "%7.1f s  %-36s %9s %9s %9s %9s %9s %7s\n", m_session->elapsedSeconds(), "camera", "MB/s",
-                 "payload", "fps sent", "fps recv", "images", "errors");
+    std::fprintf(m_out, "%7.1f s  %-30s %7s %7s %8s %8s %7s %6s %8s %7s %6s\n", m_session->elapsedSeconds(), "camera",
+                 "MB/s", "payload", "fps sent", "fps recv", "images", "errors", "pkt lost", "resent", "socket");
     QString adapter;
     for (const SCameraReading& reading : readings) {
         if (reading.adapterKey != adapter) {
             adapter = reading.adapterKey;
             const FlatTreeItemID id = model.findByKey(adapter);
             const QString name = id ? model.item(id).text : adapter;
-            std::fprintf(m_out, "  %s\n", qPrintable(name == adapter ? adapter : name + QStringLiteral(" ") + adapter));
+            const auto figures = m_session->losses().adapter(adapter);
+            const auto place = m_session->lossPlace(adapter);
+            std::fprintf(m_out, "  %s %s: link use %.0f %% (highest %.0f %%), receive errors missed %llu fifo %llu "
+                                "dropped %llu%s%s\n",
+                         qPrintable(name), qPrintable(adapter), figures.linkUse * 100, figures.peakLinkUse * 100,
+                         static_cast<unsigned long long>(figures.missed), static_cast<unsigned long long>(figures.fifo),
+                         static_cast<unsigned long long>(figures.dropped),
+                         place == Plugin::BandwidthManager::ELossPlace::None ? "" : "; lost at: ",
+                         qPrintable(placeText(place)));
         }
         const auto& sample = reading.sample;
+        const auto losses = m_session->losses().camera(reading.key);
         const QString received = sample.fpsReceived < 0 ? QStringLiteral("-") : QString::number(sample.fpsReceived, 'f', 1);
-        std::fprintf(m_out, "           %-36s %9s %9s %9.1f %9s %9llu %7llu%s\n", qPrintable(reading.name.left(36)),
-                     qPrintable(megabytes(sample.bandwidth)), qPrintable(megabytes(sample.payloadReceived)),
-                     sample.fpsSent, qPrintable(received), static_cast<unsigned long long>(sample.images),
-                     static_cast<unsigned long long>(sample.errors), sample.connectionLost ? "  connection lost" : "");
+        const QString socket = losses.socketDrops < 0 ? QStringLiteral("-") : QString::number(losses.socketDrops);
+        std::fprintf(m_out, "           %-30s %7s %7s %8.1f %8s %7llu %6llu %8llu %7llu %6s%s\n",
+                     qPrintable(reading.name.left(30)), qPrintable(megabytes(sample.bandwidth)),
+                     qPrintable(megabytes(sample.payloadReceived)), sample.fpsSent, qPrintable(received),
+                     static_cast<unsigned long long>(sample.images), static_cast<unsigned long long>(sample.errors),
+                     static_cast<unsigned long long>(losses.missingPackets),
+                     static_cast<unsigned long long>(losses.resentPackets), qPrintable(socket),
+                     sample.connectionLost ? "  connection lost" : "");
     }
     std::fflush(m_out);
 }

@@ -190,6 +190,26 @@
         <source>E&amp;xport...</source>
         <translation>エクスポート(&amp;X)...</translation>
     </message>
+    <message>
+        <source>Link use %1 % (highest %2 %)
+Receive errors since the start: missed %3, FIFO %4, dropped %5</source>
+        <translation>リンク使用率 %1 %(最大 %2 %)
+開始以降の受信エラー: missed %3、FIFO %4、dropped %5</translation>
+    </message>
+    <message>
+        <source>Since the start:
+packets missing after resends: %1
+packets resent: %2
+resend requests: %3
+frames without a free buffer: %4
+packets dropped by the stream socket: %5</source>
+        <translation>開始以降:
+再送後も欠落したパケット: %1
+再送されたパケット: %2
+再送要求: %3
+空きバッファがなかったフレーム: %4
+ストリームソケットが破棄したパケット: %5</translation>
+    </message>
 </context>
 <context>
     <name>BandwidthLimiterInterPacketDelay</name>
@@ -284,6 +304,29 @@
     <message>
         <source>Could not start grab.</source>
         <translation>画像取得を開始できませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>LossPlace</name>
+    <message>
+        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
+        <translation>&lt;b&gt;リンクの容量を超えています:&lt;/b&gt; そのアダプターの &lt;b&gt;Optimize&lt;/b&gt; を押してください。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
+        <translation>&lt;b&gt;パケットが回線上で失われました:&lt;/b&gt; ケーブルとスイッチを確認してください。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
+        <translation>&lt;b&gt;アダプターの受信リングがあふれました:&lt;/b&gt; 最大値まで上げてください (ethtool -G)。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
+        <translation>&lt;b&gt;ストリームソケットのバッファがあふれました:&lt;/b&gt; net.core.rmem_max を上げてから、解析を再開してください。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
+        <translation>&lt;b&gt;到着したフレームに空きバッファがありませんでした:&lt;/b&gt; アプリケーションがバッファを返すのが遅すぎます。</translation>
     </message>
 </context>
 <context>

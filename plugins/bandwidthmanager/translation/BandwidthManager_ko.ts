@@ -190,6 +190,26 @@
         <source>E&amp;xport...</source>
         <translation>내보내기(&amp;X)...</translation>
     </message>
+    <message>
+        <source>Link use %1 % (highest %2 %)
+Receive errors since the start: missed %3, FIFO %4, dropped %5</source>
+        <translation>링크 사용률 %1 % (최대 %2 %)
+시작 이후 수신 오류: missed %3, FIFO %4, dropped %5</translation>
+    </message>
+    <message>
+        <source>Since the start:
+packets missing after resends: %1
+packets resent: %2
+resend requests: %3
+frames without a free buffer: %4
+packets dropped by the stream socket: %5</source>
+        <translation>시작 이후:
+재전송 후에도 누락된 패킷: %1
+재전송된 패킷: %2
+재전송 요청: %3
+빈 버퍼가 없던 프레임: %4
+스트림 소켓이 버린 패킷: %5</translation>
+    </message>
 </context>
 <context>
     <name>BandwidthLimiterInterPacketDelay</name>
@@ -284,6 +304,29 @@
     <message>
         <source>Could not start grab.</source>
         <translation>이미지 그랩을 시작할 수 없습니다.</translation>
+    </message>
+</context>
+<context>
+    <name>LossPlace</name>
+    <message>
+        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
+        <translation>&lt;b&gt;링크 용량을 초과했습니다:&lt;/b&gt; 해당 어댑터의 &lt;b&gt;Optimize&lt;/b&gt;를 누르십시오.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
+        <translation>&lt;b&gt;패킷이 회선에서 손실되었습니다:&lt;/b&gt; 케이블과 스위치를 확인하십시오.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
+        <translation>&lt;b&gt;어댑터의 수신 링이 넘쳤습니다:&lt;/b&gt; 최대값으로 올리십시오 (ethtool -G).</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
+        <translation>&lt;b&gt;스트림 소켓의 버퍼가 넘쳤습니다:&lt;/b&gt; net.core.rmem_max를 올린 다음 분석을 다시 시작하십시오.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
+        <translation>&lt;b&gt;도착한 프레임을 위한 빈 버퍼가 없었습니다:&lt;/b&gt; 애플리케이션이 버퍼를 너무 늦게 반환합니다.</translation>
     </message>
 </context>
 <context>

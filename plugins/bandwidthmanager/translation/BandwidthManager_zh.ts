@@ -190,6 +190,26 @@
         <source>E&amp;xport...</source>
         <translation>导出(&amp;X)...</translation>
     </message>
+    <message>
+        <source>Link use %1 % (highest %2 %)
+Receive errors since the start: missed %3, FIFO %4, dropped %5</source>
+        <translation>链路使用率 %1 %(最高 %2 %)
+开始以来的接收错误: missed %3, FIFO %4, dropped %5</translation>
+    </message>
+    <message>
+        <source>Since the start:
+packets missing after resends: %1
+packets resent: %2
+resend requests: %3
+frames without a free buffer: %4
+packets dropped by the stream socket: %5</source>
+        <translation>开始以来:
+重发后仍丢失的数据包: %1
+重发的数据包: %2
+重发请求: %3
+没有空闲缓冲区的帧: %4
+流套接字丢弃的数据包: %5</translation>
+    </message>
 </context>
 <context>
     <name>BandwidthLimiterInterPacketDelay</name>
@@ -284,6 +304,29 @@
     <message>
         <source>Could not start grab.</source>
         <translation>无法开始采集。</translation>
+    </message>
+</context>
+<context>
+    <name>LossPlace</name>
+    <message>
+        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
+        <translation>&lt;b&gt;链路超出其容量:&lt;/b&gt; 请按该适配器的 &lt;b&gt;Optimize&lt;/b&gt;。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
+        <translation>&lt;b&gt;数据包在线路上丢失:&lt;/b&gt; 请检查电缆和交换机。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
+        <translation>&lt;b&gt;适配器的接收环已溢出:&lt;/b&gt; 请将其调到最大值 (ethtool -G)。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
+        <translation>&lt;b&gt;流套接字的缓冲区已溢出:&lt;/b&gt; 请调高 net.core.rmem_max,然后重新开始分析。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
+        <translation>&lt;b&gt;到达的帧没有空闲缓冲区:&lt;/b&gt; 应用程序归还缓冲区太晚。</translation>
     </message>
 </context>
 <context>

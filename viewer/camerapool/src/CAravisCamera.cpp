@@ -4,6 +4,7 @@
 #include <camerapool/CParameterHub.h>
 #include <camerapool/CTestPacketProbe.h>
 #include <camerapool/PacketSizeSearch.h>
+#include <camerapool/SocketDrops.h>
 #include <camerapool/StreamSocketBuffer.h>
 
 #include <Core/Logging/Logging.h>
@@ -12,6 +13,7 @@
 
 #include <camerapool/Aravis.h>
 
+#include <algorithm>
 #include <atomic>
 #include <exception>
 #include <thread>
@@ -22,6 +24,7 @@ namespace {
 
 const char* const StatisticNames[] = {"n_completed_buffers", "n_failures", "n_missing_packets", "n_resend_requests",
                                       "n_resent_packets"};
+const char SocketDropsName[] = "n_socket_drops";
 
 void streamCallback(void* userData, ArvStreamCallbackType type, ArvBuffer* buffer)
 {
@@ -215,6 +218,8 @@ void CAravisCamera::destroyStreamLocked(bool stopAcquisition)
         if (m_isGigE || qstrncmp(name, "n_missing", 9) != 0)
             m_statisticsBase[name] += arv_stream_get_info_uint64_by_name(m_stream, name);
     }
+    if (m_isGigE)
+        m_statisticsBase[SocketDropsName] += quint64(std::max<qint64>(0, udpSocketDrops(arv_gv_stream_get_port(ARV_GV_STREAM(m_stream)))));
     SStreamTarget* target = m_streamTarget;
     ArvStream* stream = m_stream;
     m_streamTarget = nullptr;
@@ -286,6 +291,11 @@ quint64 CAravisCamera::streamStatistic(const char* name) const
         return m_gaps->missedFrames();
     std::lock_guard<std::recursive_mutex> guard(m_mutex);
     quint64 value = m_statisticsBase.value(name);
+    // The kernel's count for the stream's own socket: a new stream has a new socket.
+    if (qstrcmp(name, SocketDropsName) == 0)
+        return m_stream && m_isGigE
+                   ? value + quint64(std::max<qint64>(0, udpSocketDrops(arv_gv_stream_get_port(ARV_GV_STREAM(m_stream)))))
+                   : value;
     if (m_stream)
         value += arv_stream_get_info_uint64_by_name(m_stream, name);
     return value;

@@ -129,6 +129,8 @@ ParameterCollection::ParameterPtr CParameterFactory::createStreamNode(const CAra
         return statistic("n_resend_requests");
     if (name == QLatin1String("Statistic_Resend_Packet_Count"))
         return statistic("n_resent_packets");
+    if (name == QLatin1String("Statistic_Socket_Drop_Count"))
+        return statistic("n_socket_drops");
     if (name == QLatin1String("ProbePacketSize"))
         return ParameterCollection::ParameterPtr(
             new CSyntheticCommandParameter(camera, name, [raw] { raw->probePacketSize(); }));

@@ -21,6 +21,8 @@ public:
     int DumpLinks(std::vector<SKernelLink>& links);
     int DumpIpv4Addresses(std::vector<SKernelAddress>& addresses);
     int GetMtuRange(int linkIndex, uint32_t& minMtu, uint32_t& maxMtu);
+    // One request for one link by name, in this process's network namespace.
+    int GetReceiveStatistics(const char* name, SKernelReceiveStatistics& statistics);
     int SetMtu(int linkIndex, uint32_t mtu);
     int SetUp(int linkIndex, bool up);
     int DeleteIpv4Address(const SKernelAddress& address);

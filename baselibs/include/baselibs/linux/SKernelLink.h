@@ -19,6 +19,15 @@ struct SKernelLink
     uint32_t mtu = 0;
 };
 
+// A link's receive counters as the kernel keeps them (IFLA_STATS64).
+struct SKernelReceiveStatistics
+{
+    uint64_t bytes = 0;
+    uint64_t missed = 0;   // the adapter's ring was full
+    uint64_t fifo = 0;     // its receive FIFO overflowed
+    uint64_t dropped = 0;  // dropped by the kernel for want of memory, or for an unknown protocol
+};
+
 struct SKernelAddress
 {
     int linkIndex = 0;
