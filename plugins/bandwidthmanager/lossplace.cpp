@@ -2,13 +2,14 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
 
 namespace Plugin::BandwidthManager {
 
 namespace {
 
 constexpr double FullLink = 0.9;
+// Missing packets beyond this many per host drop on a full link: the link lost them.
+constexpr quint64 HostShare = 10;
 
 } // namespace
 
@@ -16,16 +17,16 @@ ELossPlace lossPlace(const SLossTotals& totals)
 {
     if (totals.lostFrames == 0 && totals.missingPackets == 0)
         return ELossPlace::None;
+    // The backend's missing packets do not compare with the kernel's drops one
+    // for one: a lost leader costs a whole frame's packets. A host counter that
+    // moved is the evidence, unless the link ran full and its losses dwarf it.
     const quint64 host = totals.ringDrops + totals.socketDrops;
-    const quint64 beforeHost = totals.missingPackets > host ? totals.missingPackets - host : 0;
-    const quint64 most = std::max({totals.ringDrops, totals.socketDrops, beforeHost});
-    if (most == 0)
-        return totals.underruns > 0 ? ELossPlace::Application : ELossPlace::None;
-    if (most == totals.ringDrops)
-        return ELossPlace::AdapterRing;
-    if (most == totals.socketDrops)
-        return ELossPlace::SocketBuffer;
-    return totals.peakLinkUse >= FullLink ? ELossPlace::Link : ELossPlace::Wire;
+    const bool linkFull = totals.peakLinkUse >= FullLink;
+    if (host > 0 && !(linkFull && totals.missingPackets > HostShare * host))
+        return totals.ringDrops >= totals.socketDrops ? ELossPlace::AdapterRing : ELossPlace::SocketBuffer;
+    if (totals.missingPackets > 0)
+        return linkFull ? ELossPlace::Link : ELossPlace::Wire;
+    return totals.underruns > 0 ? ELossPlace::Application : ELossPlace::None;
 }
 
 QString lossPlaceAdvice(ELossPlace place)

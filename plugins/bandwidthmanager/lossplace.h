@@ -33,8 +33,9 @@ struct SLossTotals
     double peakLinkUse = 0.0;
 };
 
-// The place that lost most. Packets that the adapter and the sockets did not
-// drop were lost before the host: on a link that ran at 90 % or more, by the
+// Where the losses come from. Drops counted by the host (the adapter's ring,
+// the sockets) name the host, the larger of the two; packets missing without
+// them were lost before the host: on a link that ran at 90 % or more, by the
 // link's capacity, otherwise on the wire.
 ELossPlace lossPlace(const SLossTotals& totals);
 

@@ -264,6 +264,13 @@ protected:
         const SReading before = read();
         report("before", before, start, 4.0);
         EXPECT_GT(before.total(), 0) << "three cameras over one link lose frames";
+        // Where: the adapter received at the link's rate, and no counter of the host saw the packets go.
+        const QString hint = dialog->findChild<QLabel*>(QStringLiteral("labelHintText"))->text();
+        EXPECT_TRUE(hint.contains(QLatin1String("The link is over its capacity"))) << hint.toStdString();
+        const QString tip = item(host)->row->toolTip(0);
+        const QRegularExpressionMatch highest = QRegularExpression(QStringLiteral("highest (\\d+) %")).match(tip);
+        EXPECT_GE(highest.captured(1).toInt(), 90) << tip.toStdString();
+        EXPECT_TRUE(tip.contains(QLatin1String("missed 0, FIFO 0"))) << tip.toStdString();
     }
 
     // Settings the run wrote, then 10 s without a new error within 90 % of the

@@ -259,4 +259,72 @@ TEST(HeadlessOnTestNetwork, optimizesThenMeasuresWithoutErrors)
     EXPECT_LE(payload, budget) << output;
 }
 
+// net.core.rmem_max is the host's, written only from its first network
+// namespace: this test runs there, on a test network with one camera well
+// under its link, and puts the old limit back however it ends.
+class RmemMaxGuard
+{
+public:
+    RmemMaxGuard() : m_old(read()) {}
+    ~RmemMaxGuard()
+    {
+        if (!m_old.isEmpty())
+            write(m_old);
+    }
+    static QByteArray read()
+    {
+        QFile file(QStringLiteral("/proc/sys/net/core/rmem_max"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+    }
+    static bool write(const QByteArray& value)
+    {
+        QFile file(QStringLiteral("/proc/sys/net/core/rmem_max"));
+        return file.open(QIODevice::WriteOnly) && file.write(value + '\n') > 0 && (file.close(), read() == value);
+    }
+
+private:
+    QByteArray m_old;
+};
+
+TEST(HeadlessOnTestNetwork, aSmallSocketBufferIsNamedAndARaisedLimitEndsTheLosses)
+{
+    const QStringList addresses = qEnvironmentVariable("BWM_NET_CAMERAS").split(' ', Qt::SkipEmptyParts);
+    if (addresses.size() != 1 || !qEnvironmentVariableIsSet("BWM_E2E_SOCKET_BUFFER"))
+        GTEST_SKIP() << "needs the one-camera test network in the first network namespace";
+    RmemMaxGuard guard;
+    QTemporaryDir dir;
+    const auto run = [&](const char* name) {
+        QProcess process;
+        process.start(QStringLiteral(BWM_ANALYSE_PATH), {"--cameras", addresses.first(), "--seconds", "6",
+                                                         "--print-every", "0", "--report", dir.filePath(name)});
+        process.waitForFinished(60000);
+        QFile file(dir.filePath(name));
+        file.open(QIODevice::ReadOnly);
+        return std::make_pair(process.exitCode(), QJsonDocument::fromJson(file.readAll()).object());
+    };
+    const auto firstOf = [](const QJsonObject& json, const char* array) {
+        return json.value(QLatin1String(array)).toArray().first().toObject();
+    };
+
+    // 4 KiB: the kernel doubles it, room for three datagrams of 1500 bytes.
+    ASSERT_TRUE(RmemMaxGuard::write("4096"));
+    const auto [smallStatus, small] = run("small.json");
+    EXPECT_EQ(smallStatus, 1);
+    const QJsonObject adapterLosses = firstOf(small, "adapters").value(QStringLiteral("losses")).toObject();
+    EXPECT_EQ(adapterLosses.value(QStringLiteral("place")).toString(), QStringLiteral("socketBuffer"))
+        << QJsonDocument(small).toJson().toStdString();
+    EXPECT_LT(adapterLosses.value(QStringLiteral("peakLinkUsePercent")).toDouble(), 90.0);
+    const QJsonObject cameraLosses = firstOf(small, "cameras").value(QStringLiteral("losses")).toObject();
+    EXPECT_GT(cameraLosses.value(QStringLiteral("socketDrops")).toInt(), 0);
+    EXPECT_GT(firstOf(small, "cameras").value(QStringLiteral("errors")).toInt(), 0);
+
+    // What the hint asks for: room for the four frames the stream asks for.
+    ASSERT_TRUE(RmemMaxGuard::write("67108864"));
+    const auto [largeStatus, large] = run("large.json");
+    EXPECT_EQ(largeStatus, 0) << QJsonDocument(large).toJson().toStdString();
+    EXPECT_EQ(firstOf(large, "cameras").value(QStringLiteral("losses")).toObject().value(QStringLiteral("socketDrops")).toInt(), 0);
+    EXPECT_EQ(firstOf(large, "adapters").value(QStringLiteral("losses")).toObject().value(QStringLiteral("place")).toString(),
+              QStringLiteral("none"));
+}
+
 } // namespace
