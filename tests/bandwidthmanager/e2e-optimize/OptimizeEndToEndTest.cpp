@@ -271,6 +271,10 @@ protected:
         const QRegularExpressionMatch highest = QRegularExpression(QStringLiteral("highest (\\d+) %")).match(tip);
         EXPECT_GE(highest.captured(1).toInt(), 90) << tip.toStdString();
         EXPECT_TRUE(tip.contains(QLatin1String("missed 0, FIFO 0"))) << tip.toStdString();
+        const QByteArray screenshot = qgetenv("BWM_LOSS_SCREENSHOT");
+        if (!screenshot.isEmpty()) {
+            EXPECT_TRUE(dialog->grab().save(QString::fromLocal8Bit(screenshot)));
+        }
     }
 
     // Settings the run wrote, then 10 s without a new error within 90 % of the
