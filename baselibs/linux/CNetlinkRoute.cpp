@@ -91,6 +91,7 @@ int CNetlinkRoute::GetReceiveStatistics(const char* name, SKernelReceiveStatisti
     if (int rc = rtnl_link_get_kernel(m_socket, 0, name, &link.p); rc < 0)
         return ToErrno(rc);
     statistics.bytes = rtnl_link_get_stat(link.p, RTNL_LINK_RX_BYTES);
+    statistics.packets = rtnl_link_get_stat(link.p, RTNL_LINK_RX_PACKETS);
     statistics.missed = rtnl_link_get_stat(link.p, RTNL_LINK_RX_MISSED_ERR);
     statistics.fifo = rtnl_link_get_stat(link.p, RTNL_LINK_RX_FIFO_ERR);
     statistics.dropped = rtnl_link_get_stat(link.p, RTNL_LINK_RX_DROPPED);

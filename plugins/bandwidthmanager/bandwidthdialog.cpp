@@ -3,6 +3,8 @@
 #include "bandwidthhistoryplot.h"
 #include "exceptiontext.h"
 #include "flattree.h"
+#include "hostcheckrun.h"
+#include "hostchecksdialog.h"
 
 #include <Core/Logging/Logging.h>
 #include <Core/Plugin/ServiceLookup.h>
@@ -19,6 +21,7 @@
 #include <QEvent>
 #include <QDir>
 #include <QFileDialog>
+#include <QStyle>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QKeyEvent>
@@ -159,6 +162,8 @@ BandwidthDialog::BandwidthDialog(const Core::Plugin::PluginManagerWeakPtr& plugi
             &Plugin::BandwidthManager::CBandwidthHistoryPlot::refresh);
     connect(m_session, &Plugin::BandwidthManager::CAnalysisSession::recorded, this, &BandwidthDialog::showLosses);
     connect(ui.btnExport, SIGNAL(clicked()), this, SLOT(onExportClicked()));
+    connect(ui.btnCheckHost, SIGNAL(clicked()), this, SLOT(onCheckHostClicked()));
+    checkHostQuietly();
     m_messageLogService = Core::Plugin::getService<Plugin::MessageLogCore::IMessageLogService>(pluginManager);
 
     offerGigEOptimization(pluginManager);
@@ -387,6 +392,40 @@ void BandwidthDialog::showBudgets()
             budgets.push_back({adapter.key, adapter.text, ui.treeBandwidth->linkSpeed(id) / 8 * 1e-6 * 0.9});
     }
     ui.plotHistory->setBudgets(budgets);
+}
+
+// The checks read the tree here and the kernel on their own thread.
+Plugin::BandwidthManager::CHostChecksDialog::Run BandwidthDialog::hostCheckRun() const
+{
+    return [cameras = Plugin::BandwidthManager::camerasOnHost(*ui.treeBandwidth->model())] {
+        return Plugin::BandwidthManager::runHostChecks(Plugin::BandwidthManager::CHostSnapshotReader().read(cameras));
+    };
+}
+
+void BandwidthDialog::markHostChecks(const std::vector<Plugin::BandwidthManager::SHostCheck>& results)
+{
+    const auto failed = std::count_if(results.begin(), results.end(), [](const auto& check) { return !check.passed; });
+    ui.btnCheckHost->setIcon(failed ? style()->standardIcon(QStyle::SP_MessageBoxWarning) : QIcon());
+    ui.btnCheckHost->setToolTip(failed ? tr("%1 host check(s) found something to change.").arg(failed) : QString());
+}
+
+void BandwidthDialog::checkHostQuietly()
+{
+    auto* checks = new Plugin::BandwidthManager::CHostChecksDialog(hostCheckRun(), m_hostFixer, this);
+    connect(checks, &Plugin::BandwidthManager::CHostChecksDialog::checked, this, [this, checks] {
+        markHostChecks(checks->results());
+        checks->deleteLater();
+    });
+    checks->runChecks();
+}
+
+void BandwidthDialog::onCheckHostClicked()
+{
+    Plugin::BandwidthManager::CHostChecksDialog checks(hostCheckRun(), m_hostFixer, this);
+    connect(&checks, &Plugin::BandwidthManager::CHostChecksDialog::checked, this,
+            [this, &checks] { markHostChecks(checks.results()); });
+    checks.runChecks();
+    checks.exec();
 }
 
 void BandwidthDialog::onExportClicked()

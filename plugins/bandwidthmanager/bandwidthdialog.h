@@ -3,6 +3,8 @@
 #include "analysissession.h"
 #include "bandwidthdialogform.h"
 #include "bandwidthtreewidget.h"
+#include "hostchecksdialog.h"
+#include "hostfixer.h"
 
 #include <Core/CameraPoolComponents/ICameraInfo.h>
 #include <Core/Plugin/IPlugin.h>
@@ -52,6 +54,7 @@ private slots:
     void onOptimizeAllGigEStarted();
     void onOptimizeGigEStarted();
     void onExportClicked();
+    void onCheckHostClicked();
 
 protected:
     void timerEvent(QTimerEvent* e) override;
@@ -78,6 +81,11 @@ private:
     QSharedPointer<Plugin::MessageLogCore::IMessageLogService> m_messageLogService;
     Plugin::BandwidthManager::CAnalysisSession* m_session = nullptr;
     void showBudgets();
+    // The checks at opening: the button says when one finds something.
+    void checkHostQuietly();
+    Plugin::BandwidthManager::CHostChecksDialog::Run hostCheckRun() const;
+    void markHostChecks(const std::vector<Plugin::BandwidthManager::SHostCheck>& results);
+    Plugin::BandwidthManager::CHostFixer m_hostFixer = Plugin::BandwidthManager::CHostFixer::forThisProcess();
     // The loss figures in the rows' tool tips, and their place in the hint line.
     void showLosses();
     QString analysisHint() const;

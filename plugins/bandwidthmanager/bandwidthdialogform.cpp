@@ -82,6 +82,10 @@ void Ui_BandwidthDialog::setupUi(QDialog* BandwidthDialog, BandwidthTreeWidget* 
     horizontalLayout->setObjectName(QString::fromUtf8("horizontalLayout"));
     horizontalSpacer = makeHorizontalSpacer();
     horizontalLayout->addItem(horizontalSpacer);
+    btnCheckHost = new QPushButton(BandwidthDialog);
+    btnCheckHost->setObjectName(QString::fromUtf8("btnCheckHost"));
+    btnCheckHost->setMinimumSize(QSize(112, 23));
+    horizontalLayout->addWidget(btnCheckHost);
     btnExport = new QPushButton(BandwidthDialog);
     btnExport->setObjectName(QString::fromUtf8("btnExport"));
     btnExport->setMinimumSize(QSize(112, 23));
@@ -154,7 +158,8 @@ void Ui_BandwidthDialog::setupUi(QDialog* BandwidthDialog, BandwidthTreeWidget* 
     horizontalLayout_2->addWidget(btnClose);
     verticalLayout->addLayout(horizontalLayout_2);
 
-    QWidget::setTabOrder(treeBandwidth, btnExport);
+    QWidget::setTabOrder(treeBandwidth, btnCheckHost);
+    QWidget::setTabOrder(btnCheckHost, btnExport);
     QWidget::setTabOrder(btnExport, btnReset);
     QWidget::setTabOrder(btnReset, checkStopAfter);
     QWidget::setTabOrder(checkStopAfter, spinTime);
@@ -175,6 +180,7 @@ void Ui_BandwidthDialog::retranslateUi(QDialog* BandwidthDialog)
     BandwidthDialog->setWindowTitle(QCoreApplication::translate("BandwidthDialog", "Bandwidth Manager", nullptr));
     QTreeWidgetItem* headerItem = treeBandwidth->headerItem();
     headerItem->setText(0, QCoreApplication::translate("BandwidthDialog", "Headers will be added by widgetcode", nullptr));
+    btnCheckHost->setText(QCoreApplication::translate("BandwidthDialog", "Check &Host...", nullptr));
     btnExport->setText(QCoreApplication::translate("BandwidthDialog", "E&xport...", nullptr));
     btnReset->setText(QCoreApplication::translate("BandwidthDialog", "&Reset Statistics", nullptr));
     labelHintIcon->setText(QString());

@@ -26,6 +26,7 @@ struct Ui_BandwidthDialog
     Plugin::BandwidthManager::CBandwidthHistoryPlot* plotHistory = nullptr;
     QHBoxLayout* horizontalLayout = nullptr;
     QSpacerItem* horizontalSpacer = nullptr;
+    QPushButton* btnCheckHost = nullptr;
     QPushButton* btnExport = nullptr;
     QPushButton* btnReset = nullptr;
     QFrame* frameHint = nullptr;

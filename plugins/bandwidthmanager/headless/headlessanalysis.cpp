@@ -3,6 +3,8 @@
 #include "analysissession.h"
 #include "bandwidthtreewidget.h"
 #include "flattree.h"
+#include "hostcheckrun.h"
+#include "hostfixer.h"
 
 #include <Core/Plugin/ServiceLookup.h>
 #include <Plugin/CameraPool/ICameraEnumerationService.h>
@@ -158,6 +160,11 @@ void CHeadlessAnalysis::onDiscoveryDone()
         fail(2, error);
         return;
     }
+    if (m_options.checkHost) {
+        m_done = true;
+        emit finished(checkHost());
+        return;
+    }
     if (m_tree->measuredCameraCount() == 0) {
         fail(1, QStringLiteral("No camera could be measured."));
         return;
@@ -257,6 +264,33 @@ void CHeadlessAnalysis::finish()
     std::fprintf(m_out, "%llu errors, %zu events\n", static_cast<unsigned long long>(errors), run.events.size());
     std::fflush(m_out);
     emit finished(status);
+}
+
+int CHeadlessAnalysis::checkHost()
+{
+    const std::vector<Plugin::BandwidthManager::SHostCheck> checks = Plugin::BandwidthManager::checkHost(*m_tree->model());
+    const Plugin::BandwidthManager::CHostFixer fixer = Plugin::BandwidthManager::CHostFixer::forThisProcess();
+    int status = 0;
+    for (const Plugin::BandwidthManager::SHostCheck& check : checks) {
+        std::fprintf(m_out, "%s %s\n", check.passed ? "[ok]  " : "[fail]", qPrintable(check.text));
+        if (check.passed)
+            continue;
+        if (!check.fix) {
+            status = 1;
+            continue;
+        }
+        if (!m_options.fix) {
+            std::fprintf(m_out, "       fix: %s\n", HostFix::rootCommand(*check.fix).c_str());
+            status = 1;
+            continue;
+        }
+        const Plugin::BandwidthManager::CHostFixer::SOutcome outcome = fixer.apply(*check.fix);
+        std::fprintf(m_out, "       %s\n", qPrintable(outcome.text));
+        if (!outcome.applied)
+            status = 1;
+    }
+    std::fflush(m_out);
+    return status;
 }
 
 void CHeadlessAnalysis::fail(int status, const QString& message)

@@ -43,6 +43,8 @@ private:
     // False, with the reason, when a named camera is not listed.
     bool chooseCameras(QString* error);
     void finish();
+    // The host checks, and their fixes where asked; the exit status.
+    int checkHost();
     void printTable();
     void fail(int status, const QString& message);
 

@@ -50,7 +50,12 @@ SHeadlessOptions SHeadlessOptions::parse(const QStringList& arguments)
                                        QStringLiteral("seconds"));
     const QCommandLineOption verbose({QStringLiteral("v"), QStringLiteral("verbose")},
                                      QStringLiteral("Prints the camera backend's log on standard error."));
-    parser.addOptions({help, seconds, cameras, optimize, report, csv, interval, discovery, verbose});
+    const QCommandLineOption checkHost(QStringLiteral("check-host"),
+                                       QStringLiteral("Checks the host for what loses frames (socket buffers, rings, "
+                                                      "MTU, filtering, interrupts, subnets) instead of measuring."));
+    const QCommandLineOption fix(QStringLiteral("fix"),
+                                 QStringLiteral("With --check-host: applies the fixes (as root, or through pkexec)."));
+    parser.addOptions({help, seconds, cameras, optimize, report, csv, interval, discovery, verbose, checkHost, fix});
     options.helpText = parser.helpText();
     if (!parser.parse(arguments)) {
         options.error = parser.errorText();
@@ -90,5 +95,9 @@ SHeadlessOptions SHeadlessOptions::parse(const QStringList& arguments)
     options.jsonPath = parser.value(report);
     options.csvPath = parser.value(csv);
     options.verbose = parser.isSet(verbose);
+    options.checkHost = parser.isSet(checkHost);
+    options.fix = parser.isSet(fix);
+    if (options.fix && !options.checkHost)
+        options.error = QStringLiteral("--fix goes with --check-host.");
     return options;
 }

@@ -16,6 +16,9 @@ struct SHeadlessOptions
     double printInterval = 1.0;
     double discoverySeconds = 5.0;
     bool verbose = false;
+    // Runs the host checks instead of an analysis; applies their fixes with fix.
+    bool checkHost = false;
+    bool fix = false;
     // Set on bad use; the text for standard error.
     QString error;
     bool help = false;

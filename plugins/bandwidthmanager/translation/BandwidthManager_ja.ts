@@ -210,6 +210,14 @@ packets dropped by the stream socket: %5</source>
 空きバッファがなかったフレーム: %4
 ストリームソケットが破棄したパケット: %5</translation>
     </message>
+    <message>
+        <source>%1 host check(s) found something to change.</source>
+        <translation>ホストチェックのうち %1 件が変更点を見つけました。</translation>
+    </message>
+    <message>
+        <source>Check &amp;Host...</source>
+        <translation>ホストのチェック(&amp;H)...</translation>
+    </message>
 </context>
 <context>
     <name>BandwidthLimiterInterPacketDelay</name>
@@ -330,6 +338,65 @@ packets dropped by the stream socket: %5</source>
     </message>
 </context>
 <context>
+    <name>Plugin::BandwidthManager</name>
+    <message>
+        <source>net.core.rmem_max cannot be read.</source>
+        <translation>net.core.rmem_max を読み取れません。</translation>
+    </message>
+    <message>
+        <source>net.core.rmem_max is %1 KiB: enough for the streams.</source>
+        <translation>net.core.rmem_max は %1 KiB で、ストリームに十分です。</translation>
+    </message>
+    <message>
+        <source>net.core.rmem_max is %1 KiB, less than the %2 KiB a stream asks for: its packets are lost whenever the stream thread is late.</source>
+        <translation>net.core.rmem_max は %1 KiB で、ストリームが要求する %2 KiB より小さいため、ストリームスレッドが遅れるたびにパケットが失われます。</translation>
+    </message>
+    <message>
+        <source>%1 has no receive ring to set.</source>
+        <translation>%1 には設定できる受信リングがありません。</translation>
+    </message>
+    <message>
+        <source>%1: the receive ring is at its maximum, %2.</source>
+        <translation>%1: 受信リングは最大値 %2 です。</translation>
+    </message>
+    <message>
+        <source>%1: the receive ring holds %2 packets of up to %3: a burst of the cameras overflows it.</source>
+        <translation>%1: 受信リングは最大 %3 のうち %2 パケットしか保持できず、カメラのバーストであふれます。</translation>
+    </message>
+    <message>
+        <source>%1: MTU %2, as large as its cameras&apos; packets can use.</source>
+        <translation>%1: MTU %2 で、カメラのパケットが使える大きさです。</translation>
+    </message>
+    <message>
+        <source>%1: MTU %2, while its cameras could send packets of %3 bytes: jumbo frames (%4) carry a frame in fewer packets, with less load on the host.</source>
+        <translation>%1: MTU %2 ですが、カメラは %3 バイトのパケットを送信できます。ジャンボフレーム (%4) ならより少ないパケットでフレームを運び、ホストの負荷が減ります。</translation>
+    </message>
+    <message>
+        <source>%1: reverse-path filtering is not strict.</source>
+        <translation>%1: リバースパスフィルタリングは厳格ではありません。</translation>
+    </message>
+    <message>
+        <source>%1: strict reverse-path filtering drops the packets of a camera whose address the host would not route back through this adapter (discovery answers, streams from another subnet).</source>
+        <translation>%1: 厳格なリバースパスフィルタリングは、ホストがこのアダプター経由で返送しないアドレスのカメラのパケット (検出応答、別サブネットからのストリーム) を破棄します。</translation>
+    </message>
+    <message>
+        <source>%1: interrupt moderation suits %2 packets a second.</source>
+        <translation>%1: 割り込みモデレーションは毎秒 %2 パケットに適しています。</translation>
+    </message>
+    <message>
+        <source>%1 takes an interrupt for each of %2 packets a second: with moderation off, the host spends its time in interrupts.</source>
+        <translation>%1 は毎秒 %2 パケットのそれぞれで割り込みを受けます。モデレーションがオフだと、ホストは割り込み処理に時間を費やします。</translation>
+    </message>
+    <message>
+        <source>The camera %1 on %2 lies outside the adapter&apos;s subnet %3: it answers discovery, but the host sends to it by its routes, not through this adapter. Give it an address in %3.</source>
+        <translation>%2 上のカメラ %1 はアダプターのサブネット %3 の外にあります。検出には応答しますが、ホストはこのアダプターではなくルートに従って送信します。%3 内のアドレスを割り当ててください。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 are both in %3: the host answers a camera through whichever adapter its route names, so discovery, control and resends can leave by the wrong one. Give each adapter a subnet of its own.</source>
+        <translation>%1 と %2 はどちらも %3 にあります。ホストはルートが示すアダプター経由でカメラに応答するため、検出、制御、再送が誤ったアダプターから出る可能性があります。各アダプターに専用のサブネットを割り当ててください。</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::BandwidthManager::CBandwidthHistoryPlot</name>
     <message>
         <source>%1: 90 % of the link, %2 MB/s</source>
@@ -361,6 +428,52 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>&lt;p&gt;To use the Bandwidth Manager, you have to stop continuous image acquisition as well as any recordings on all cameras.&lt;p/&gt;Do you want to stop all cameras and start using the Bandwidth Manager?</source>
         <translation>&lt;p&gt;帯域幅マネージャーを使用するには、すべてのカメラで連続画像取得と録画をすべて停止する必要があります。&lt;p/&gt;すべてのカメラを停止して、帯域幅マネージャーの使用を開始しますか？</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::BandwidthManager::CHostChecksDialog</name>
+    <message>
+        <source>Host Checks</source>
+        <translation>ホストのチェック</translation>
+    </message>
+    <message>
+        <source>Check &amp;Again</source>
+        <translation>再チェック(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Checking the host...</source>
+        <translation>ホストをチェックしています...</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <translation>修正</translation>
+    </message>
+    <message>
+        <source>Every check passed.</source>
+        <translation>すべてのチェックに合格しました。</translation>
+    </message>
+    <message>
+        <source>%1 check(s) found something to change.</source>
+        <translation>%1 件のチェックが変更点を見つけました。</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::BandwidthManager::CHostFixer</name>
+    <message>
+        <source>Not changed: %1</source>
+        <translation>変更されていません: %1</translation>
+    </message>
+    <message>
+        <source>Done (%1), and kept for the next start.</source>
+        <translation>完了しました (%1)。次回の起動後も保持されます。</translation>
+    </message>
+    <message>
+        <source>Done (%1), until the next restart.</source>
+        <translation>完了しました (%1)。次回の再起動までです。</translation>
+    </message>
+    <message>
+        <source>This needs root. Run: %1</source>
+        <translation>root 権限が必要です。実行してください: %1</translation>
     </message>
 </context>
 </TS>

@@ -210,6 +210,14 @@ packets dropped by the stream socket: %5</source>
 빈 버퍼가 없던 프레임: %4
 스트림 소켓이 버린 패킷: %5</translation>
     </message>
+    <message>
+        <source>%1 host check(s) found something to change.</source>
+        <translation>호스트 검사 %1개가 변경할 사항을 찾았습니다.</translation>
+    </message>
+    <message>
+        <source>Check &amp;Host...</source>
+        <translation>호스트 검사(&amp;H)...</translation>
+    </message>
 </context>
 <context>
     <name>BandwidthLimiterInterPacketDelay</name>
@@ -330,6 +338,65 @@ packets dropped by the stream socket: %5</source>
     </message>
 </context>
 <context>
+    <name>Plugin::BandwidthManager</name>
+    <message>
+        <source>net.core.rmem_max cannot be read.</source>
+        <translation>net.core.rmem_max를 읽을 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>net.core.rmem_max is %1 KiB: enough for the streams.</source>
+        <translation>net.core.rmem_max는 %1 KiB로 스트림에 충분합니다.</translation>
+    </message>
+    <message>
+        <source>net.core.rmem_max is %1 KiB, less than the %2 KiB a stream asks for: its packets are lost whenever the stream thread is late.</source>
+        <translation>net.core.rmem_max는 %1 KiB로 스트림이 요청하는 %2 KiB보다 작아, 스트림 스레드가 늦을 때마다 패킷이 손실됩니다.</translation>
+    </message>
+    <message>
+        <source>%1 has no receive ring to set.</source>
+        <translation>%1에는 설정할 수신 링이 없습니다.</translation>
+    </message>
+    <message>
+        <source>%1: the receive ring is at its maximum, %2.</source>
+        <translation>%1: 수신 링이 최대값 %2입니다.</translation>
+    </message>
+    <message>
+        <source>%1: the receive ring holds %2 packets of up to %3: a burst of the cameras overflows it.</source>
+        <translation>%1: 수신 링이 최대 %3 중 %2 패킷만 보관하여 카메라의 버스트에 넘칩니다.</translation>
+    </message>
+    <message>
+        <source>%1: MTU %2, as large as its cameras&apos; packets can use.</source>
+        <translation>%1: MTU %2로 카메라 패킷이 쓸 수 있는 크기입니다.</translation>
+    </message>
+    <message>
+        <source>%1: MTU %2, while its cameras could send packets of %3 bytes: jumbo frames (%4) carry a frame in fewer packets, with less load on the host.</source>
+        <translation>%1: MTU %2이지만 카메라는 %3바이트 패킷을 보낼 수 있습니다. 점보 프레임(%4)은 더 적은 패킷으로 프레임을 전달하여 호스트 부하가 줄어듭니다.</translation>
+    </message>
+    <message>
+        <source>%1: reverse-path filtering is not strict.</source>
+        <translation>%1: 역경로 필터링이 엄격하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>%1: strict reverse-path filtering drops the packets of a camera whose address the host would not route back through this adapter (discovery answers, streams from another subnet).</source>
+        <translation>%1: 엄격한 역경로 필터링은 호스트가 이 어댑터를 통해 되돌려 보내지 않는 주소의 카메라 패킷(검색 응답, 다른 서브넷의 스트림)을 버립니다.</translation>
+    </message>
+    <message>
+        <source>%1: interrupt moderation suits %2 packets a second.</source>
+        <translation>%1: 인터럽트 조절이 초당 %2 패킷에 적합합니다.</translation>
+    </message>
+    <message>
+        <source>%1 takes an interrupt for each of %2 packets a second: with moderation off, the host spends its time in interrupts.</source>
+        <translation>%1은 초당 %2 패킷마다 인터럽트를 받습니다. 조절이 꺼져 있으면 호스트가 인터럽트 처리에 시간을 씁니다.</translation>
+    </message>
+    <message>
+        <source>The camera %1 on %2 lies outside the adapter&apos;s subnet %3: it answers discovery, but the host sends to it by its routes, not through this adapter. Give it an address in %3.</source>
+        <translation>%2의 카메라 %1은 어댑터의 서브넷 %3 밖에 있습니다. 검색에는 응답하지만 호스트는 이 어댑터가 아니라 경로에 따라 보냅니다. %3 안의 주소를 지정하십시오.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 are both in %3: the host answers a camera through whichever adapter its route names, so discovery, control and resends can leave by the wrong one. Give each adapter a subnet of its own.</source>
+        <translation>%1과 %2가 모두 %3에 있습니다. 호스트는 경로가 가리키는 어댑터로 카메라에 응답하므로 검색, 제어, 재전송이 잘못된 어댑터로 나갈 수 있습니다. 각 어댑터에 고유한 서브넷을 지정하십시오.</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::BandwidthManager::CBandwidthHistoryPlot</name>
     <message>
         <source>%1: 90 % of the link, %2 MB/s</source>
@@ -361,6 +428,52 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>&lt;p&gt;To use the Bandwidth Manager, you have to stop continuous image acquisition as well as any recordings on all cameras.&lt;p/&gt;Do you want to stop all cameras and start using the Bandwidth Manager?</source>
         <translation>&lt;p&gt;대역폭 관리자를 사용하려면 모든 카메라에서 연속 이미지 취득과 모든 녹화를 중지해야 합니다.&lt;p/&gt;모든 카메라를 중지하고 대역폭 관리자를 사용하시겠습니까?</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::BandwidthManager::CHostChecksDialog</name>
+    <message>
+        <source>Host Checks</source>
+        <translation>호스트 검사</translation>
+    </message>
+    <message>
+        <source>Check &amp;Again</source>
+        <translation>다시 검사(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Checking the host...</source>
+        <translation>호스트를 검사하는 중...</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <translation>수정</translation>
+    </message>
+    <message>
+        <source>Every check passed.</source>
+        <translation>모든 검사를 통과했습니다.</translation>
+    </message>
+    <message>
+        <source>%1 check(s) found something to change.</source>
+        <translation>검사 %1개가 변경할 사항을 찾았습니다.</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::BandwidthManager::CHostFixer</name>
+    <message>
+        <source>Not changed: %1</source>
+        <translation>변경되지 않았습니다: %1</translation>
+    </message>
+    <message>
+        <source>Done (%1), and kept for the next start.</source>
+        <translation>완료했습니다(%1). 다음 시작 때도 유지됩니다.</translation>
+    </message>
+    <message>
+        <source>Done (%1), until the next restart.</source>
+        <translation>완료했습니다(%1). 다음 재시작까지 유지됩니다.</translation>
+    </message>
+    <message>
+        <source>This needs root. Run: %1</source>
+        <translation>root 권한이 필요합니다. 실행하십시오: %1</translation>
     </message>
 </context>
 </TS>

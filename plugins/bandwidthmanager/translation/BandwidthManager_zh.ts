@@ -210,6 +210,14 @@ packets dropped by the stream socket: %5</source>
 没有空闲缓冲区的帧: %4
 流套接字丢弃的数据包: %5</translation>
     </message>
+    <message>
+        <source>%1 host check(s) found something to change.</source>
+        <translation>%1 项主机检查发现需要更改之处。</translation>
+    </message>
+    <message>
+        <source>Check &amp;Host...</source>
+        <translation>检查主机(&amp;H)...</translation>
+    </message>
 </context>
 <context>
     <name>BandwidthLimiterInterPacketDelay</name>
@@ -330,6 +338,65 @@ packets dropped by the stream socket: %5</source>
     </message>
 </context>
 <context>
+    <name>Plugin::BandwidthManager</name>
+    <message>
+        <source>net.core.rmem_max cannot be read.</source>
+        <translation>无法读取 net.core.rmem_max。</translation>
+    </message>
+    <message>
+        <source>net.core.rmem_max is %1 KiB: enough for the streams.</source>
+        <translation>net.core.rmem_max 为 %1 KiB,足够流使用。</translation>
+    </message>
+    <message>
+        <source>net.core.rmem_max is %1 KiB, less than the %2 KiB a stream asks for: its packets are lost whenever the stream thread is late.</source>
+        <translation>net.core.rmem_max 为 %1 KiB,小于流所请求的 %2 KiB:每当流线程延迟时都会丢失数据包。</translation>
+    </message>
+    <message>
+        <source>%1 has no receive ring to set.</source>
+        <translation>%1 没有可设置的接收环。</translation>
+    </message>
+    <message>
+        <source>%1: the receive ring is at its maximum, %2.</source>
+        <translation>%1: 接收环已为最大值 %2。</translation>
+    </message>
+    <message>
+        <source>%1: the receive ring holds %2 packets of up to %3: a burst of the cameras overflows it.</source>
+        <translation>%1: 接收环仅容纳 %2 个数据包(最多 %3):相机的突发流量会使其溢出。</translation>
+    </message>
+    <message>
+        <source>%1: MTU %2, as large as its cameras&apos; packets can use.</source>
+        <translation>%1: MTU %2,足以容纳其相机的数据包。</translation>
+    </message>
+    <message>
+        <source>%1: MTU %2, while its cameras could send packets of %3 bytes: jumbo frames (%4) carry a frame in fewer packets, with less load on the host.</source>
+        <translation>%1: MTU 为 %2,而其相机可发送 %3 字节的数据包:巨型帧 (%4) 用更少的数据包传输一帧,减轻主机负载。</translation>
+    </message>
+    <message>
+        <source>%1: reverse-path filtering is not strict.</source>
+        <translation>%1: 反向路径过滤不是严格模式。</translation>
+    </message>
+    <message>
+        <source>%1: strict reverse-path filtering drops the packets of a camera whose address the host would not route back through this adapter (discovery answers, streams from another subnet).</source>
+        <translation>%1: 严格的反向路径过滤会丢弃主机不会经此适配器回送的地址的相机数据包(发现应答、来自其他子网的流)。</translation>
+    </message>
+    <message>
+        <source>%1: interrupt moderation suits %2 packets a second.</source>
+        <translation>%1: 中断调节适合每秒 %2 个数据包。</translation>
+    </message>
+    <message>
+        <source>%1 takes an interrupt for each of %2 packets a second: with moderation off, the host spends its time in interrupts.</source>
+        <translation>%1 每秒 %2 个数据包中的每一个都触发中断:关闭调节时,主机把时间花在中断上。</translation>
+    </message>
+    <message>
+        <source>The camera %1 on %2 lies outside the adapter&apos;s subnet %3: it answers discovery, but the host sends to it by its routes, not through this adapter. Give it an address in %3.</source>
+        <translation>%2 上的相机 %1 位于适配器子网 %3 之外:它会应答发现,但主机按路由而非经此适配器向其发送。请给它分配 %3 内的地址。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 are both in %3: the host answers a camera through whichever adapter its route names, so discovery, control and resends can leave by the wrong one. Give each adapter a subnet of its own.</source>
+        <translation>%1 和 %2 都在 %3 中:主机按路由指定的适配器应答相机,因此发现、控制和重发可能从错误的适配器发出。请为每个适配器分配独立的子网。</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::BandwidthManager::CBandwidthHistoryPlot</name>
     <message>
         <source>%1: 90 % of the link, %2 MB/s</source>
@@ -361,6 +428,52 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>&lt;p&gt;To use the Bandwidth Manager, you have to stop continuous image acquisition as well as any recordings on all cameras.&lt;p/&gt;Do you want to stop all cameras and start using the Bandwidth Manager?</source>
         <translation>&lt;p&gt;要使用带宽管理器，必须停止所有相机上的连续图像采集以及所有录制。&lt;p/&gt;是否要停止所有相机并开始使用带宽管理器？</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::BandwidthManager::CHostChecksDialog</name>
+    <message>
+        <source>Host Checks</source>
+        <translation>主机检查</translation>
+    </message>
+    <message>
+        <source>Check &amp;Again</source>
+        <translation>再次检查(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Checking the host...</source>
+        <translation>正在检查主机...</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <translation>修复</translation>
+    </message>
+    <message>
+        <source>Every check passed.</source>
+        <translation>所有检查均已通过。</translation>
+    </message>
+    <message>
+        <source>%1 check(s) found something to change.</source>
+        <translation>%1 项检查发现需要更改之处。</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::BandwidthManager::CHostFixer</name>
+    <message>
+        <source>Not changed: %1</source>
+        <translation>未更改: %1</translation>
+    </message>
+    <message>
+        <source>Done (%1), and kept for the next start.</source>
+        <translation>已完成 (%1),下次启动后仍保留。</translation>
+    </message>
+    <message>
+        <source>Done (%1), until the next restart.</source>
+        <translation>已完成 (%1),直到下次重启。</translation>
+    </message>
+    <message>
+        <source>This needs root. Run: %1</source>
+        <translation>这需要 root 权限。请运行: %1</translation>
     </message>
 </context>
 </TS>

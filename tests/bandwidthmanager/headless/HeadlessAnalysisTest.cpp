@@ -318,8 +318,28 @@ TEST(HeadlessOnTestNetwork, aSmallSocketBufferIsNamedAndARaisedLimitEndsTheLosse
     EXPECT_GT(cameraLosses.value(QStringLiteral("socketDrops")).toInt(), 0);
     EXPECT_GT(firstOf(small, "cameras").value(QStringLiteral("errors")).toInt(), 0);
 
-    // What the hint asks for: room for the four frames the stream asks for.
-    ASSERT_TRUE(RmemMaxGuard::write("67108864"));
+    // The host check names the limit and offers its fix; applied as root, it raises the limit now and keeps it.
+    const auto checkHost = [&](QStringList extra) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("BWM_SYSCTL_DIR"), dir.path());
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(BWM_ANALYSE_PATH), QStringList{"--cameras", addresses.first(), "--check-host"} + extra);
+        process.waitForFinished(60000);
+        return QString::fromLocal8Bit(process.readAllStandardOutput());
+    };
+    const QString offered = checkHost({});
+    EXPECT_TRUE(offered.contains(QLatin1String("[fail] net.core.rmem_max is 4 KiB, less than the 2048 KiB a stream asks for")))
+        << offered.toStdString();
+    EXPECT_TRUE(offered.contains(QLatin1String("fix: sysctl -w net.core.rmem_max=67108864"))) << offered.toStdString();
+    const QString fixed = checkHost({"--fix"});
+    EXPECT_TRUE(fixed.contains(QLatin1String("Done (sysctl -w net.core.rmem_max=67108864), and kept for the next start.")))
+        << fixed.toStdString();
+    EXPECT_EQ(RmemMaxGuard::read(), QByteArray("67108864"));
+    QFile kept(dir.filePath("90-zenta-bandwidthmanager.conf"));
+    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(kept.readAll().contains("net.core.rmem_max = 67108864"));
+
     const auto [largeStatus, large] = run("large.json");
     EXPECT_EQ(largeStatus, 0) << QJsonDocument(large).toJson().toStdString();
     EXPECT_EQ(firstOf(large, "cameras").value(QStringLiteral("losses")).toObject().value(QStringLiteral("socketDrops")).toInt(), 0);

@@ -301,6 +301,15 @@ quint64 CAravisCamera::streamStatistic(const char* name) const
     return value;
 }
 
+qint64 CAravisCamera::streamSocketBufferRequest() const
+{
+    const std::unique_lock<std::recursive_mutex> guard = lockForAccess();
+    CGErrorSink error;
+    const guint payload = arv_camera_get_payload(m_camera, error.out());
+    error.check();
+    return streamSocketBufferBytes(qint64(payload));
+}
+
 void CAravisCamera::probePacketSize()
 {
     const std::unique_lock<std::recursive_mutex> guard = lockForAccess();

@@ -131,6 +131,11 @@ ParameterCollection::ParameterPtr CParameterFactory::createStreamNode(const CAra
         return statistic("n_resent_packets");
     if (name == QLatin1String("Statistic_Socket_Drop_Count"))
         return statistic("n_socket_drops");
+    if (name == QLatin1String("Socket_Buffer_Request")) {
+        CSyntheticIntegerParameter::SSource source;
+        source.get = [raw] { return raw->streamSocketBufferRequest(); };
+        return ParameterCollection::ParameterPtr(new CSyntheticIntegerParameter(camera, name, source));
+    }
     if (name == QLatin1String("ProbePacketSize"))
         return ParameterCollection::ParameterPtr(
             new CSyntheticCommandParameter(camera, name, [raw] { raw->probePacketSize(); }));

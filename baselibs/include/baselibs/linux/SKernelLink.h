@@ -23,6 +23,7 @@ struct SKernelLink
 struct SKernelReceiveStatistics
 {
     uint64_t bytes = 0;
+    uint64_t packets = 0;
     uint64_t missed = 0;   // the adapter's ring was full
     uint64_t fifo = 0;     // its receive FIFO overflowed
     uint64_t dropped = 0;  // dropped by the kernel for want of memory, or for an unknown protocol

@@ -64,6 +64,8 @@ public:
     quint64 streamStatistic(const char* name) const;
     // Aravis' packet-size probe, with the stream torn down and rebuilt around it.
     void probePacketSize();
+    // The receive buffer a stream of the current payload asks the kernel for.
+    qint64 streamSocketBufferRequest() const;
 
     quint64 grabbedCount() const { return m_grabbed.load(std::memory_order_relaxed); }
     quint64 failedCount() const { return m_failed.load(std::memory_order_relaxed); }

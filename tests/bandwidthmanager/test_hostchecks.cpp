@@ -1,0 +1,266 @@
+#include "hostchecks.h"
+#include "hostfixapplier.h"
+#include "hostfixer.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+using namespace Plugin::BandwidthManager;
+using HostFix::EKind;
+
+namespace {
+
+constexpr uint32_t Ip(int a, int b, int c, int d)
+{
+    return uint32_t(a) << 24 | uint32_t(b) << 16 | uint32_t(c) << 8 | uint32_t(d);
+}
+
+// A GigE adapter in good order: ring at its maximum, jumbo frames, loose filtering, adaptive moderation.
+SHostInterface healthy()
+{
+    SHostInterface eth;
+    eth.name = "eth1";
+    eth.mtu = 9000;
+    eth.maxMtu = 9216;
+    eth.ringKnown = true;
+    eth.ring = {4096, 4096};
+    eth.coalesceKnown = true;
+    eth.coalesce = {true, 0};
+    eth.rpFilter = 2;
+    eth.subnets = {{Ip(192, 168, 10, 1), 24}};
+    eth.packetsPerSecond = 80000;
+    eth.cameras = {Ip(192, 168, 10, 20)};
+    eth.largestCameraPacket = 9000;
+    return eth;
+}
+
+struct SCheckCase
+{
+    const char* name;
+    std::function<void(SHostSnapshot&)> change;
+    EHostCheck failing;
+    std::optional<HostFix::SFix> fix;
+};
+
+class HostCheck : public ::testing::TestWithParam<SCheckCase>
+{
+};
+
+TEST_P(HostCheck, failsAloneAndOffersItsFix)
+{
+    SHostSnapshot snapshot{int64_t(64) << 20, int64_t(8) << 20, {healthy()}};
+    GetParam().change(snapshot);
+    std::vector<SHostCheck> failed;
+    for (const SHostCheck& check : runHostChecks(snapshot)) {
+        EXPECT_FALSE(check.text.isEmpty());
+        if (!check.passed)
+            failed.push_back(check);
+    }
+    ASSERT_EQ(failed.size(), 1u);
+    EXPECT_EQ(failed[0].check, GetParam().failing) << failed[0].text.toStdString();
+    ASSERT_EQ(failed[0].fix.has_value(), GetParam().fix.has_value());
+    if (GetParam().fix) {
+        EXPECT_EQ(failed[0].fix->kind, GetParam().fix->kind);
+        EXPECT_EQ(failed[0].fix->interfaceName, GetParam().fix->interfaceName);
+        EXPECT_EQ(failed[0].fix->value, GetParam().fix->value);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, HostCheck,
+    ::testing::Values(
+        SCheckCase{"rmemMaxBelowTheStreams", [](SHostSnapshot& s) { s.rmemMax = 212992; }, EHostCheck::RmemMax,
+                   HostFix::SFix{EKind::RmemMax, "", int64_t(64) << 20}},
+        SCheckCase{"ringBelowItsMaximum", [](SHostSnapshot& s) { s.interfaces[0].ring.current = 256; },
+                   EHostCheck::RxRing, HostFix::SFix{EKind::RxRing, "eth1", 4096}},
+        SCheckCase{"mtuBelowWhatTheCamerasSend", [](SHostSnapshot& s) { s.interfaces[0].mtu = 1500; },
+                   EHostCheck::Mtu, HostFix::SFix{EKind::Mtu, "eth1", 9000}},
+        SCheckCase{"jumboCappedByTheNic",
+                   [](SHostSnapshot& s) {
+                       s.interfaces[0].mtu = 1500;
+                       s.interfaces[0].maxMtu = 4000;
+                   },
+                   EHostCheck::Mtu, HostFix::SFix{EKind::Mtu, "eth1", 4000}},
+        SCheckCase{"strictReversePath", [](SHostSnapshot& s) { s.interfaces[0].rpFilter = 1; }, EHostCheck::RpFilter,
+                   HostFix::SFix{EKind::RpFilter, "eth1", 2}},
+        SCheckCase{"moderationOffWhileBusy", [](SHostSnapshot& s) { s.interfaces[0].coalesce = {false, 0}; },
+                   EHostCheck::Coalescing, HostFix::SFix{EKind::Coalescing, "eth1", HostFix::Adaptive}},
+        SCheckCase{"cameraOutsideItsAdaptersSubnet",
+                   [](SHostSnapshot& s) { s.interfaces[0].cameras.push_back(Ip(169, 254, 3, 4)); },
+                   EHostCheck::CameraOutsideSubnet, std::nullopt},
+        SCheckCase{"twoAdaptersInOneSubnet",
+                   [](SHostSnapshot& s) {
+                       SHostInterface other;
+                       other.name = "eth2";
+                       other.subnets = {{Ip(192, 168, 10, 2), 16}};
+                       s.interfaces.push_back(other);
+                   },
+                   EHostCheck::SharedSubnet, std::nullopt}),
+    [](const ::testing::TestParamInfo<SCheckCase>& info) { return std::string(info.param.name); });
+
+TEST(HostChecks, passWhereNothingMattersForTheCameras)
+{
+    SHostInterface quiet = healthy();
+    quiet.coalesce = {false, 0};
+    quiet.packetsPerSecond = 20000;
+    quiet.mtu = 1500;
+    quiet.largestCameraPacket = 1500;
+    quiet.ringKnown = false;
+    SHostInterface office = healthy();
+    office.name = "eth0";
+    office.cameras.clear();
+    office.rpFilter = 1;
+    office.ring.current = 64;
+    office.subnets = {{Ip(10, 0, 0, 5), 8}};
+    for (const SHostCheck& check : runHostChecks({int64_t(64) << 20, int64_t(8) << 20, {quiet, office}})) {
+        EXPECT_TRUE(check.passed) << check.text.toStdString();
+        EXPECT_NE(check.interfaceName, "eth0") << "an adapter without cameras is not checked";
+    }
+}
+
+struct SArgumentsCase
+{
+    EKind kind;
+    std::vector<std::string> arguments;
+    const char* refusal;
+};
+
+TEST(HostFixArguments, takeOnlyTheHelpersOwnCommandAndCleanValues)
+{
+    const SArgumentsCase cases[] = {
+        {EKind::Mtu, {"mtu", "eth1", "9000"}, ""},
+        {EKind::Coalescing, {"coalescing", "eth1", "adaptive"}, ""},
+        {EKind::RmemMax, {"rmem-max", "67108864"}, ""},
+        {EKind::Mtu, {"rx-ring", "eth1", "9000"}, "usage: bwm-fix-mtu mtu INTERFACE VALUE"},
+        {EKind::Mtu, {"mtu", "eth1", "9000", "extra"}, "usage:"},
+        {EKind::Mtu, {"mtu", "../../etc", "9000"}, "not an interface name"},
+        {EKind::RpFilter, {"rp-filter", "a/b", "2"}, "not an interface name"},
+        {EKind::Mtu, {"mtu", "averyveryverylongname", "9000"}, "not an interface name"},
+        {EKind::Mtu, {"mtu", "eth1", "9000;reboot"}, "not a decimal value"},
+        {EKind::Mtu, {"mtu", "eth1", "-5"}, "not a decimal value"},
+        {EKind::RmemMax, {"rmem-max", "adaptive"}, "not a decimal value"},
+    };
+    for (const SArgumentsCase& c : cases) {
+        HostFix::SFix fix;
+        std::string error;
+        const bool parsed = HostFix::parseArguments(c.kind, c.arguments, fix, error);
+        EXPECT_EQ(parsed, *c.refusal == '\0') << c.arguments[0] << ' ' << c.arguments[1];
+        EXPECT_NE(error.find(c.refusal), std::string::npos) << error;
+        if (parsed) {
+            EXPECT_EQ(HostFix::helperArguments(fix), c.arguments);
+        }
+    }
+}
+
+// Without root: what the kernel's limits refuse before anything is written.
+TEST(HostFixApplier, refusesWhatTheKernelWouldNot)
+{
+    const HostFix::CHostFixApplier applier;
+    const std::pair<HostFix::SFix, const char*> cases[] = {
+        {{EKind::RmemMax, "", 4096}, "must lie between"},
+        {{EKind::RmemMax, "", int64_t(1) << 31}, "must lie between"},
+        {{EKind::Mtu, "bwmnosuch0", 9000}, "no interface bwmnosuch0"},
+        {{EKind::Mtu, "lo", 70000000}, "lo takes an MTU from"},
+        {{EKind::RxRing, "lo", 256}, "lo has no receive ring"},
+        {{EKind::RpFilter, "lo", 3}, "rp_filter is 0, 1 or 2"},
+        {{EKind::Coalescing, "lo", 200000}, "receive coalescing is adaptive or"},
+    };
+    for (const auto& c : cases) {
+        std::string error;
+        EXPECT_FALSE(applier.apply(c.first, error)) << HostFix::rootCommand(c.first);
+        EXPECT_NE(error.find(c.second), std::string::npos) << error;
+    }
+}
+
+TEST(HostFixApplier, writesTheSysctlAndKeepsItBesideTheOthers)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(QDir(dir.path()).mkpath(QStringLiteral("proc/net/core")) && QDir(dir.path()).mkpath(QStringLiteral("etc")));
+    QFile conf(dir.filePath("etc/90-zenta-bandwidthmanager.conf"));
+    ASSERT_TRUE(conf.open(QIODevice::WriteOnly));
+    conf.write("# mine\nnet.ipv4.conf.eth1.rp_filter = 2\nnet.core.rmem_max = 1048576\n");
+    conf.close();
+    const HostFix::CHostFixApplier applier(dir.filePath("proc").toStdString(), dir.filePath("etc").toStdString());
+    const HostFix::SFix fix{EKind::RmemMax, "", int64_t(64) << 20};
+    std::string error;
+    ASSERT_TRUE(applier.apply(fix, error)) << error;
+    ASSERT_TRUE(applier.persist(fix, error)) << error;
+    QFile live(dir.filePath("proc/net/core/rmem_max"));
+    ASSERT_TRUE(live.open(QIODevice::ReadOnly));
+    EXPECT_EQ(live.readAll(), QByteArray("67108864\n"));
+    ASSERT_TRUE(conf.open(QIODevice::ReadOnly));
+    EXPECT_EQ(conf.readAll(), QByteArray("# mine\nnet.ipv4.conf.eth1.rp_filter = 2\nnet.core.rmem_max = 67108864\n"));
+    EXPECT_FALSE(applier.persist({EKind::Mtu, "eth1", 9000}, error));
+    EXPECT_EQ(error, "until the next restart");
+}
+
+// The three ways: directly with CAP_NET_ADMIN, through pkexec and the
+// helper, or the command a user runs as root.
+TEST(HostFixer, takesTheFirstWayOpenToIt)
+{
+    QTemporaryDir dir;
+    QDir(dir.path()).mkpath(QStringLiteral("proc/net/core"));
+    QDir(dir.path()).mkpath(QStringLiteral("etc"));
+    QDir(dir.path()).mkpath(QStringLiteral("helpers"));
+    QFile helper(dir.filePath("helpers/bwm-fix-rmem-max"));
+    ASSERT_TRUE(helper.open(QIODevice::WriteOnly));
+    helper.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    helper.close();
+    const HostFix::CHostFixApplier applier(dir.filePath("proc").toStdString(), dir.filePath("etc").toStdString());
+    const HostFix::SFix fix{EKind::RmemMax, "", int64_t(64) << 20};
+    QStringList ran;
+    int helperStatus = 0;
+    const auto runner = [&](const QString& program, const QStringList& arguments, QString* output) {
+        ran = QStringList{program} + arguments;
+        *output = helperStatus == 0 ? QStringLiteral("kept for the next start") : QStringLiteral("refused");
+        return helperStatus;
+    };
+
+    const auto direct = CHostFixer(true, {}, QString(), runner, applier).apply(fix);
+    EXPECT_EQ(direct.path, CHostFixer::EPath::Direct);
+    EXPECT_TRUE(direct.applied);
+    EXPECT_EQ(direct.text, QStringLiteral("Done (sysctl -w net.core.rmem_max=67108864), and kept for the next start."));
+    EXPECT_TRUE(ran.isEmpty());
+
+    const CHostFixer viaHelper(false, {dir.filePath("missing"), dir.filePath("helpers")}, QStringLiteral("/usr/bin/pkexec"),
+                               runner, applier);
+    const auto helped = viaHelper.apply(fix);
+    EXPECT_EQ(helped.path, CHostFixer::EPath::Helper);
+    EXPECT_TRUE(helped.applied);
+    EXPECT_EQ(ran, (QStringList{"/usr/bin/pkexec", dir.filePath("helpers/bwm-fix-rmem-max"), "rmem-max", "67108864"}));
+
+    helperStatus = 2;
+    EXPECT_EQ(viaHelper.apply(fix).text, QStringLiteral("Not changed: refused"));
+    helperStatus = 126;
+    EXPECT_EQ(viaHelper.apply(fix).path, CHostFixer::EPath::Command) << "the password was not given";
+
+    const auto shown = CHostFixer(false, {dir.filePath("helpers")}, QString(), runner, applier).apply(fix);
+    EXPECT_EQ(shown.path, CHostFixer::EPath::Command);
+    EXPECT_FALSE(shown.applied);
+    EXPECT_EQ(shown.text, QStringLiteral("This needs root. Run: sysctl -w net.core.rmem_max=67108864"));
+}
+
+// The helpers themselves, as pkexec would start them: bad use is refused before any change.
+TEST(HostFixHelpers, refuseBadUseWithTwo)
+{
+    const std::pair<QStringList, const char*> cases[] = {
+        {{"mtu", "bwmnosuch0", "9000"}, "no interface bwmnosuch0"},
+        {{"mtu", "../lo", "9000"}, "not an interface name"},
+        {{"mtu", "lo", "70000000"}, "lo takes an MTU from"},
+        {{"rx-ring", "lo", "9000"}, "usage: bwm-fix-mtu"},
+        {{}, "usage: bwm-fix-mtu"},
+    };
+    for (const auto& c : cases) {
+        QProcess helper;
+        helper.start(QStringLiteral(BWM_BINARY_DIR "/bin/bwm-fix-mtu"), c.first);
+        ASSERT_TRUE(helper.waitForFinished(10000));
+        EXPECT_EQ(helper.exitCode(), 2) << c.first.join(' ').toStdString();
+        EXPECT_TRUE(helper.readAllStandardError().contains(c.second)) << c.first.join(' ').toStdString();
+    }
+}
+
+} // namespace
