@@ -17,6 +17,7 @@
 # Options:
 #   --cameras N          cameras (3)
 #   --mtu M              MTU of every link: tap and both veth ends (1500)
+#   --host-mtu M         MTU of the tap alone, the host's adapter (as --mtu)
 #   --link-mbps N        tap speed and link rate (1000)
 #   --camera-mbps N      each emulator's own link speed (1000)
 #   --queue-bytes N      switch buffer (262144)
@@ -46,6 +47,7 @@ while [ $# -gt 0 ]; do
   case $1 in
     --cameras) cameras=$2; shift 2 ;;
     --mtu) mtu=$2; shift 2 ;;
+    --host-mtu) host_mtu=$2; shift 2 ;;
     --link-mbps) link_mbps=$2; shift 2 ;;
     --camera-mbps) camera_mbps=$2; shift 2 ;;
     --queue-bytes) queue_bytes=$2; shift 2 ;;
@@ -122,7 +124,7 @@ ip netns add "$ns" || { echo "test-network: cannot create a network namespace" >
 ip -n "$ns" link set lo up
 
 ip tuntap add dev "$tap" mode tap
-ip link set "$tap" mtu "$mtu"
+ip link set "$tap" mtu "${host_mtu:-$mtu}"
 quiet sysctl -w "net.ipv6.conf.$tap.disable_ipv6=1" || true
 ethtool -s "$tap" speed "$link_mbps" duplex full autoneg off
 ip addr add "$host_ip/24" brd + dev "$tap"

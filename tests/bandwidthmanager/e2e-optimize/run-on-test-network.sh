@@ -38,6 +38,8 @@ else frame="--width 1024 --height 768 --fps 6 --no-resend"; fi
 
 net=("$root/scripts/test-network.sh" --build "$build" --mtu "$mtu" --link-mbps "$mbps" --camera-mbps "$mbps"
      --camera-nice -5)
+# The host's adapter smaller than the cameras' links: BWM_E2E_HOST_MTU.
+[ -n "${BWM_E2E_HOST_MTU:-}" ] && net+=(--host-mtu "$BWM_E2E_HOST_MTU")
 case $scenario in
   three) net+=(--cameras 3 --camera-args "$frame") ;;
   # 1024x768 at 2 fps is 1.6 MB/s (an equal share of 90 % of 100 Mbit/s is

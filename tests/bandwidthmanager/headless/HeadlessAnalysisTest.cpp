@@ -347,4 +347,42 @@ TEST(HeadlessOnTestNetwork, aSmallSocketBufferIsNamedAndARaisedLimitEndsTheLosse
               QStringLiteral("none"));
 }
 
+// The tap at MTU 1500, the cameras' links at 9000 (BWM_E2E_HOST_MTU): the MTU
+// check offers jumbo frames, and once they are on, Optimize sets 9000.
+TEST(HeadlessOnTestNetwork, jumboFramesOfferedAndThenUsedByOptimize)
+{
+    const QString tap = qEnvironmentVariable("BWM_NET_TAP");
+    const QStringList addresses = qEnvironmentVariable("BWM_NET_CAMERAS").split(' ', Qt::SkipEmptyParts);
+    if (tap.isEmpty() || qEnvironmentVariableIntValue("BWM_E2E_HOST_MTU") != 1500)
+        GTEST_SKIP() << "needs the test network with the tap at MTU 1500";
+    RmemMaxGuard guard;
+    QTemporaryDir dir;
+    const auto analyse = [&](const QStringList& arguments) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("BWM_SYSCTL_DIR"), dir.path());
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(BWM_ANALYSE_PATH), QStringList{"--cameras", addresses.join(',')} + arguments);
+        process.waitForFinished(90000);
+        return QString::fromLocal8Bit(process.readAllStandardOutput());
+    };
+    const QString offered = analyse({"--check-host"});
+    EXPECT_TRUE(offered.contains(QStringLiteral("[fail] %1: MTU 1500, while its cameras could send packets of").arg(tap)))
+        << offered.toStdString();
+    EXPECT_TRUE(offered.contains(QStringLiteral("fix: ip link set dev %1 mtu 9000").arg(tap))) << offered.toStdString();
+    const QString fixed = analyse({"--check-host", "--fix"});
+    EXPECT_TRUE(fixed.contains(QStringLiteral("Done (ip link set dev %1 mtu 9000), until the next restart.").arg(tap)))
+        << fixed.toStdString();
+
+    analyse({"--optimize", "--seconds", "2", "--print-every", "0", "--report", dir.filePath("jumbo.json")});
+    QFile file(dir.filePath("jumbo.json"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QJsonArray optimizations = QJsonDocument::fromJson(file.readAll()).object().value(QStringLiteral("optimizations")).toArray();
+    ASSERT_EQ(optimizations.size(), 1);
+    const QJsonArray cameras = optimizations.first().toObject().value(QStringLiteral("cameras")).toArray();
+    ASSERT_EQ(cameras.size(), addresses.size());
+    for (const QJsonValue& camera : cameras)
+        EXPECT_EQ(camera.toObject().value(QStringLiteral("packetSizeAfter")).toInt(), 9000);
+}
+
 } // namespace
