@@ -15,6 +15,12 @@
 
 namespace Plugin::BandwidthManager {
 
+namespace {
+
+constexpr int TextWidth = 600;
+
+} // namespace
+
 CHostChecksDialog::CHostChecksDialog(Run run, const CHostFixer& fixer, QWidget* parent)
     : QDialog(parent)
     , m_run(std::move(run))
@@ -22,7 +28,7 @@ CHostChecksDialog::CHostChecksDialog(Run run, const CHostFixer& fixer, QWidget* 
 {
     setObjectName(QStringLiteral("HostChecksDialog"));
     setWindowTitle(tr("Host Checks"));
-    setMinimumWidth(720);
+    setMinimumWidth(TextWidth + 120);
     auto* layout = new QVBoxLayout(this);
     m_status = new QLabel(this);
     layout->addWidget(m_status);
@@ -54,7 +60,7 @@ void CHostChecksDialog::runChecks()
         QMetaObject::invokeMethod(
             qApp, [self, results = std::move(results)]() mutable {
                 if (self)
-                    self->show(std::move(results));
+                    self->showResults(std::move(results));
             },
             Qt::QueuedConnection);
     }).detach();
@@ -69,7 +75,7 @@ void CHostChecksDialog::clearLines()
     m_texts.clear();
 }
 
-void CHostChecksDialog::show(std::vector<SHostCheck> results)
+void CHostChecksDialog::showResults(std::vector<SHostCheck> results)
 {
     m_running = false;
     m_again->setEnabled(true);
@@ -87,6 +93,9 @@ void CHostChecksDialog::show(std::vector<SHostCheck> results)
         auto* text = new QLabel(outcome == m_outcomes.end() ? check.text : check.text + QStringLiteral("\n") + outcome->second, this);
         text->setWordWrap(true);
         text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        // A wrapped label tells its layout one line's height; it gets what its lines take at its width.
+        text->setMinimumWidth(TextWidth);
+        text->setMinimumHeight(text->heightForWidth(TextWidth));
         m_lines->addWidget(text, index, 1);
         m_texts.push_back(text);
         if (check.fix) {
@@ -97,6 +106,8 @@ void CHostChecksDialog::show(std::vector<SHostCheck> results)
         }
     }
     m_status->setText(failed == 0 ? tr("Every check passed.") : tr("%1 check(s) found something to change.").arg(failed));
+    // The lines came after the window was laid out: it grows to hold them.
+    adjustSize();
     emit checked();
 }
 

@@ -41,7 +41,7 @@ signals:
     void checked();
 
 private:
-    void show(std::vector<SHostCheck> results);
+    void showResults(std::vector<SHostCheck> results);
     void clearLines();
 
     Run m_run;

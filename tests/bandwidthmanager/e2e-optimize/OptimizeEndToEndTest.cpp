@@ -4,6 +4,9 @@
 // BWM_NET_B_*), the link's MTU and speed in BWM_E2E_MTU and BWM_E2E_LINK_MBPS.
 #include "bandwidthdialog.h"
 #include "bandwidthhistoryplot.h"
+#include "hostcheckrun.h"
+#include "hostchecksdialog.h"
+#include "hostfixer.h"
 #include "bandwidthtreewidget.h"
 #include "flattree.h"
 
@@ -449,6 +452,21 @@ TEST_F(OptimizeEndToEnd, optimizeButtonOfTheAdapterMakesTheCamerasFit)
         for (size_t mark = 0; mark < marks->dataSize(); ++mark) {
             EXPECT_LT(marks->sample(mark).x(), settled) << "a loss after the Optimize";
         }
+    }
+    const QByteArray checksShot = qgetenv("BWM_HOSTCHECK_SCREENSHOT");
+    if (!checksShot.isEmpty()) {
+        const auto fixer = Plugin::BandwidthManager::CHostFixer::forThisProcess();
+        Plugin::BandwidthManager::CHostChecksDialog checks(
+            [cameras = Plugin::BandwidthManager::camerasOnHost(*tree->model())] {
+                return Plugin::BandwidthManager::runHostChecks(Plugin::BandwidthManager::CHostSnapshotReader().read(cameras));
+            },
+            fixer);
+        QSignalSpy checked(&checks, &Plugin::BandwidthManager::CHostChecksDialog::checked);
+        checks.runChecks();
+        checks.show();
+        ASSERT_TRUE(checked.wait(5000));
+        QTest::qWait(200);
+        EXPECT_TRUE(checks.grab().save(QString::fromLocal8Bit(checksShot)));
     }
     const QByteArray screenshot = qgetenv("BWM_HISTORY_SCREENSHOT");
     if (!screenshot.isEmpty()) {
