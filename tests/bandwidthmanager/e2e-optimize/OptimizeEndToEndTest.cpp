@@ -268,8 +268,10 @@ protected:
         report("before", before, start, 4.0);
         EXPECT_GT(before.total(), 0) << "three cameras over one link lose frames";
         // Where: the adapter received at the link's rate, and no counter of the host saw the packets go.
-        const QString hint = dialog->findChild<QLabel*>(QStringLiteral("labelHintText"))->text();
-        EXPECT_TRUE(hint.contains(QLatin1String("The link is over its capacity"))) << hint.toStdString();
+        // Named after three seconds of losses, counted from the first.
+        const QLabel* hintLine = dialog->findChild<QLabel*>(QStringLiteral("labelHintText"));
+        const auto named = [hintLine] { return hintLine->text().contains(QLatin1String("The link is over its capacity")); };
+        EXPECT_TRUE(QTest::qWaitFor(named, 3000)) << hintLine->text().toStdString();
         const QString tip = item(host)->row->toolTip(0);
         const QRegularExpressionMatch highest = QRegularExpression(QStringLiteral("highest (\\d+) %")).match(tip);
         EXPECT_GE(highest.captured(1).toInt(), 90) << tip.toStdString();
