@@ -17,6 +17,7 @@ namespace {
 
 // Losses for this long before the hint names their place: one burst is no pattern.
 constexpr double VerdictSeconds = 3.0;
+constexpr double LossSampleSeconds = 0.95;
 
 const char* const TransportSettings[] = {"GevSCPSPacketSize", "GevSCPD", "GevSCFTD", "DeviceLinkThroughputLimit"};
 
@@ -56,6 +57,7 @@ void CAnalysisSession::start()
     m_history.clear();
     m_losses.clear();
     m_firstLoss.clear();
+    m_lastLossSample = -1.0;
     const QString tool = m_run.tool;
     m_run = SAnalysisRun();
     m_run.tool = tool;
@@ -111,7 +113,12 @@ void CAnalysisSession::onSamplesUpdated()
         return;
     const double now = elapsedSeconds();
     m_history.record(now, readings());
-    sampleLosses(now);
+    // Once a second: the counters go into tool tips and a verdict after seconds,
+    // and the streams of a busy machine are better off without four readings a second.
+    if (now - m_lastLossSample >= LossSampleSeconds || m_lastLossSample < 0) {
+        sampleLosses(now);
+        m_lastLossSample = now;
+    }
     emit recorded();
 }
 

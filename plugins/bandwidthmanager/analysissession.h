@@ -56,6 +56,7 @@ private:
     QMap<QString, double> m_linkSpeeds;
     // Per adapter, when its cameras first lost something.
     QMap<QString, double> m_firstLoss;
+    double m_lastLossSample = -1.0;
     CAnalysisHistory m_history;
     SAnalysisRun m_run;
     QElapsedTimer m_clock;

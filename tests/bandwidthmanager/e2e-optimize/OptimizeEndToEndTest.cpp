@@ -64,6 +64,8 @@ struct SReading
     std::vector<qint64> images;
     // Frames that never reached a buffer: gaps in the block ids, counted by the host (no register read).
     std::vector<qint64> missed;
+    // What each emulator says it sent: one register read, at the watch's ends only.
+    std::vector<qint64> sent;
     SLinkCounters link;
     SLinkCounters linkB;
     qint64 total() const { return std::accumulate(std::begin(errors), std::end(errors), qint64(0)); }
@@ -215,6 +217,7 @@ protected:
         reading.errors.resize(keys.size());
         reading.images.resize(keys.size());
         reading.missed.resize(keys.size());
+        reading.sent.resize(keys.size());
         for (int i = 0; i < cameraCount(); ++i) {
             // The column rounds to whole MB/s above 1 MB/s; the sum is checked on the exact figure.
             const FlatTreeItem* row = item(keys[i]);
@@ -222,6 +225,7 @@ protected:
             reading.errors[i] = qint64(number(keys[i], 7));
             reading.images[i] = qint64(number(keys[i], 6));
             reading.missed[i] = node(keys[i], "@StreamGrabber0/Statistic_Missed_Frame_Count");
+            reading.sent[i] = node(keys[i], "EmulatorFramesSent");
         }
         reading.link = linkCounters();
         reading.linkB = linkCounters("BWM_NET_B_STATS");
@@ -335,8 +339,12 @@ protected:
                 continue;
             SCOPED_TRACE(keys[i].toStdString());
             EXPECT_EQ(after.errors[i], start.errors[i]) << "new errors after optimizing";
-            // With no error and no gap in the block ids, what arrived is what the camera sent.
-            EXPECT_EQ(after.missed[i], start.missed[i]) << "frames missing from the block ids";
+            // What arrived is what the camera sent, by its own count: a gap in the
+            // block ids may be an emulator that fell behind its schedule on a busy
+            // machine and skipped a frame. One frame either way at the watch's ends.
+            const qint64 arrived = (after.images[i] - start.images[i]) + (after.errors[i] - start.errors[i]);
+            EXPECT_NEAR(double(arrived), double(after.sent[i] - start.sent[i]), 1.0)
+                << "frames sent but not received; gaps in the block ids: " << after.missed[i] - start.missed[i];
             const double received = double(after.images[i] - start.images[i]) / seconds;
             const double mbs = received * double(node(keys[i], "PayloadSize")) / 1e6;
             std::cout << ' ' << mbs << " (" << received << ", +" << after.errors[i] - start.errors[i] << " errors)";
