@@ -32,10 +32,11 @@ int runProcess(const QString& program, const QStringList& arguments, QString* ou
 } // namespace
 
 CHostFixer::CHostFixer(bool elevated, QStringList helperDirs, QString pkexec, Runner runner,
-                       HostFix::CHostFixApplier applier)
+                       HostFix::CHostFixApplier applier, QString nmcli)
     : m_elevated(elevated)
     , m_helperDirs(std::move(helperDirs))
     , m_pkexec(std::move(pkexec))
+    , m_nmcli(std::move(nmcli))
     , m_runner(runner ? std::move(runner) : Runner(runProcess))
     , m_applier(std::move(applier))
 {
@@ -46,7 +47,8 @@ CHostFixer CHostFixer::forThisProcess()
     return CHostFixer(CfgApi::CCapabilityElevation().IsElevated(),
                       {QCoreApplication::applicationDirPath(), QStringLiteral(BWM_HELPER_DIR)},
                       QStandardPaths::findExecutable(QStringLiteral("pkexec")), Runner(),
-                      HostFix::CHostFixApplier("/proc/sys", qEnvironmentVariable("BWM_SYSCTL_DIR", QStringLiteral("/etc/sysctl.d")).toStdString()));
+                      HostFix::CHostFixApplier("/proc/sys", qEnvironmentVariable("BWM_SYSCTL_DIR", QStringLiteral("/etc/sysctl.d")).toStdString()),
+                      QStandardPaths::findExecutable(QStringLiteral("nmcli")));
 }
 
 QString CHostFixer::helperPath(HostFix::EKind kind) const
@@ -57,6 +59,31 @@ QString CHostFixer::helperPath(HostFix::EKind kind) const
             return helper.absoluteFilePath();
     }
     return {};
+}
+
+bool CHostFixer::keptByNetworkManager(const HostFix::SFix& fix) const
+{
+    if (m_nmcli.isEmpty() || fix.kind == HostFix::EKind::RmemMax || fix.kind == HostFix::EKind::RpFilter)
+        return false;
+    const QString link = QString::fromStdString(fix.interfaceName);
+    QString connection;
+    if (m_runner(m_nmcli, {"-g", "GENERAL.CONNECTION", "device", "show", link}, &connection) != 0 || connection.isEmpty()
+        || connection == QLatin1String("--"))
+        return false;
+    QStringList change{"connection", "modify", connection};
+    switch (fix.kind) {
+    case HostFix::EKind::Mtu: change << "802-3-ethernet.mtu" << QString::number(fix.value); break;
+    case HostFix::EKind::RxRing: change << "ethtool.ring-rx" << QString::number(fix.value); break;
+    case HostFix::EKind::Coalescing:
+        change << "ethtool.coalesce-adaptive-rx" << (fix.value == HostFix::Adaptive ? "on" : "off");
+        if (fix.value != HostFix::Adaptive)
+            change << "ethtool.coalesce-rx-usecs" << QString::number(fix.value);
+        break;
+    case HostFix::EKind::RmemMax:
+    case HostFix::EKind::RpFilter: return false;
+    }
+    QString output;
+    return m_runner(m_nmcli, change, &output) == 0;
 }
 
 CHostFixer::SOutcome CHostFixer::apply(const HostFix::SFix& fix) const
@@ -71,7 +98,7 @@ CHostFixer::SOutcome CHostFixer::apply(const HostFix::SFix& fix) const
             outcome.text = tr("Not changed: %1").arg(QString::fromStdString(error));
             return outcome;
         }
-        const bool kept = m_applier.persist(fix, error);
+        const bool kept = keptByNetworkManager(fix) || m_applier.persist(fix, error);
         outcome.text = (kept ? tr("Done (%1), and kept for the next start.") : tr("Done (%1), until the next restart."))
                            .arg(command);
         return outcome;
@@ -86,9 +113,9 @@ CHostFixer::SOutcome CHostFixer::apply(const HostFix::SFix& fix) const
         if (status == 0) {
             outcome.path = EPath::Helper;
             outcome.applied = true;
-            outcome.text = output.contains(QLatin1String("kept for the next start"))
-                               ? tr("Done (%1), and kept for the next start.").arg(command)
-                               : tr("Done (%1), until the next restart.").arg(command);
+            const bool kept = keptByNetworkManager(fix) || output.contains(QLatin1String("kept for the next start"));
+            outcome.text = (kept ? tr("Done (%1), and kept for the next start.") : tr("Done (%1), until the next restart."))
+                               .arg(command);
             return outcome;
         }
         // 126 and 127: the password was not given; 1 and 2: the helper refused.

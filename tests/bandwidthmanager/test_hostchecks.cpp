@@ -264,3 +264,80 @@ TEST(HostFixHelpers, refuseBadUseWithTwo)
 }
 
 } // namespace
+
+namespace {
+
+// Where a link setting is kept: NetworkManager's connection (through nmcli),
+// a drop-in of systemd-networkd's .network file, or nowhere.
+TEST(HostFixPersistence, goesThroughWhoeverManagesTheLink)
+{
+    QTemporaryDir dir;
+    QDir(dir.path()).mkpath(QStringLiteral("run/systemd/netif/links"));
+    QDir(dir.path()).mkpath(QStringLiteral("network"));
+    QDir(dir.path()).mkpath(QStringLiteral("helpers"));
+    for (const char* name : {"helpers/bwm-fix-mtu", "helpers/bwm-fix-rx-ring", "helpers/bwm-fix-coalescing"}) {
+        QFile helper(dir.filePath(name));
+        helper.open(QIODevice::WriteOnly);
+        helper.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    }
+    const HostFix::CHostFixApplier applier("/proc/sys", dir.filePath("sysctl").toStdString(),
+                                           dir.filePath("run").toStdString(), dir.filePath("network").toStdString());
+    std::string error;
+
+    // None: no manager keeps it.
+    EXPECT_FALSE(applier.persist({EKind::Mtu, "lo", 9000}, error));
+    EXPECT_EQ(error, "until the next restart");
+    // systemd-networkd: the MTU in a drop-in of the link's .network file; rings and coalescing are .link settings.
+    QFile state(dir.filePath("run/systemd/netif/links/1"));
+    ASSERT_TRUE(state.open(QIODevice::WriteOnly));
+    state.write("ADMIN_STATE=configured\nNETWORK_FILE=/etc/systemd/network/10-lo.network\n");
+    state.close();
+    ASSERT_TRUE(applier.persist({EKind::Mtu, "lo", 9000}, error)) << error;
+    QFile dropIn(dir.filePath("network/10-lo.network.d/90-zenta-bandwidthmanager.conf"));
+    ASSERT_TRUE(dropIn.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(dropIn.readAll().endsWith("[Link]\nMTUBytes=9000\n"));
+    EXPECT_FALSE(applier.persist({EKind::RxRing, "lo", 4096}, error));
+    EXPECT_NE(error.find(".link files"), std::string::npos) << error;
+
+    // NetworkManager: one property of the link's connection, after the helper applied it live.
+    struct SCase
+    {
+        HostFix::SFix fix;
+        QString connection;
+        int modifyStatus;
+        QStringList modify;
+        bool kept;
+    };
+    const SCase cases[] = {
+        {{EKind::Mtu, "eth1", 9000}, "Wired 1", 0, {"connection", "modify", "Wired 1", "802-3-ethernet.mtu", "9000"}, true},
+        {{EKind::RxRing, "eth1", 4096}, "Wired 1", 0, {"connection", "modify", "Wired 1", "ethtool.ring-rx", "4096"}, true},
+        {{EKind::Coalescing, "eth1", HostFix::Adaptive}, "Wired 1", 0,
+         {"connection", "modify", "Wired 1", "ethtool.coalesce-adaptive-rx", "on"}, true},
+        {{EKind::Mtu, "eth1", 9000}, "Wired 1", 10, {"connection", "modify", "Wired 1", "802-3-ethernet.mtu", "9000"}, false},
+        {{EKind::Mtu, "eth1", 9000}, "--", 0, {}, false},
+    };
+    for (const SCase& c : cases) {
+        QStringList modified;
+        const auto runner = [&](const QString& program, const QStringList& arguments, QString* output) {
+            if (program == QLatin1String("/usr/bin/pkexec")) {
+                *output = QStringLiteral("until the next restart");
+                return 0;
+            }
+            if (arguments.first() == QLatin1String("-g")) {
+                *output = c.connection;
+                return 0;
+            }
+            modified = arguments;
+            return c.modifyStatus;
+        };
+        const CHostFixer fixer(false, {dir.filePath("helpers")}, QStringLiteral("/usr/bin/pkexec"), runner, applier,
+                               QStringLiteral("/usr/bin/nmcli"));
+        const CHostFixer::SOutcome outcome = fixer.apply(c.fix);
+        SCOPED_TRACE(HostFix::rootCommand(c.fix) + " on " + c.connection.toStdString());
+        EXPECT_TRUE(outcome.applied);
+        EXPECT_EQ(modified, c.modify);
+        EXPECT_EQ(outcome.text.endsWith(QLatin1String("kept for the next start.")), c.kept) << outcome.text.toStdString();
+    }
+}
+
+} // namespace

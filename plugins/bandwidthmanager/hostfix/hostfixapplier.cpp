@@ -4,6 +4,7 @@
 #include "baselibs/linux/CNetlinkRoute.h"
 
 #include <net/if.h>
+#include <sys/stat.h>
 
 #include <cerrno>
 #include <cstring>
@@ -34,10 +35,23 @@ bool writeFile(const std::string& path, const std::string& text, std::string& er
 
 } // namespace
 
-CHostFixApplier::CHostFixApplier(std::string procSys, std::string sysctlDir)
+CHostFixApplier::CHostFixApplier(std::string procSys, std::string sysctlDir, std::string runDir, std::string networkDir)
     : m_procSys(std::move(procSys))
     , m_sysctlDir(std::move(sysctlDir))
+    , m_runDir(std::move(runDir))
+    , m_networkDir(std::move(networkDir))
 {
+}
+
+std::string CHostFixApplier::networkdFile(const std::string& interfaceName) const
+{
+    const unsigned index = isInterfaceName(interfaceName) ? if_nametoindex(interfaceName.c_str()) : 0;
+    std::ifstream state(m_runDir + "/systemd/netif/links/" + std::to_string(index));
+    for (std::string line; index != 0 && std::getline(state, line);) {
+        if (line.compare(0, 13, "NETWORK_FILE=") == 0)
+            return line.substr(13);
+    }
+    return {};
 }
 
 std::string CHostFixApplier::sysctlPath(const SFix& fix) const
@@ -139,8 +153,25 @@ bool CHostFixApplier::apply(const SFix& fix, std::string& error) const
 bool CHostFixApplier::persist(const SFix& fix, std::string& error) const
 {
     if (fix.kind != EKind::RmemMax && fix.kind != EKind::RpFilter) {
-        error = "until the next restart";
-        return false;
+        const std::string network = networkdFile(fix.interfaceName);
+        if (network.empty()) {
+            error = "until the next restart";
+            return false;
+        }
+        // Rings and coalescing are .link settings of udev, shared by every link the file matches.
+        if (fix.kind != EKind::Mtu) {
+            error = "until the next restart: systemd-networkd keeps them in .link files, which are not written here";
+            return false;
+        }
+        const std::string base = network.substr(network.find_last_of('/') + 1);
+        const std::string dir = m_networkDir + "/" + base + ".d";
+        if (::mkdir(dir.c_str(), 0755) != 0 && errno != EEXIST) {
+            error = dir + ": " + std::strerror(errno);
+            return false;
+        }
+        return writeFile(dir + "/90-zenta-bandwidthmanager.conf",
+                         "# Written by the Bandwidth Manager's host checks.\n[Link]\nMTUBytes=" + std::to_string(fix.value) + "\n",
+                         error);
     }
     const std::string key =
         fix.kind == EKind::RmemMax ? "net.core.rmem_max" : "net.ipv4.conf." + fix.interfaceName + ".rp_filter";
