@@ -4,6 +4,7 @@
 #include "bandwidthmeasuringcamera.h"
 #include "devicelinkthroughputlimiteditor.h"
 #include "flattree.h"
+#include "integernode.h"
 
 #include <QHostInfo>
 #include <QTreeWidgetItemIterator>
@@ -24,14 +25,11 @@ const char* const TransportSettings[] = {"GevSCPSPacketSize", "GevSCPD", "GevSCF
 QMap<QString, qint64> transportSettings(const CBandwidthMeasuringCamera& camera)
 {
     QMap<QString, qint64> values;
-    const ParameterCollection::ParameterCollectionPtr parameters = camera.getParameters();
-    if (!parameters)
-        return values;
     for (const char* name : TransportSettings) {
         try {
-            const ParameterCollection::IntegerParameterPtr node = parameters->getIntegerParameter(QLatin1String(name));
-            if (node && !node->isNull() && node->isReadable())
-                values[QLatin1String(name)] = node->getValue();
+            const qint64 value = integerValueOr(camera.getParameters(), QLatin1String(name), -1);
+            if (value >= 0)
+                values[QLatin1String(name)] = value;
         } catch (...) {
             // A camera that stops answering has no settings to report.
             break;
@@ -57,6 +55,7 @@ void CAnalysisSession::start()
     m_history.clear();
     m_losses.clear();
     m_firstLoss.clear();
+    m_linkSpeeds.clear();
     m_lastLossSample = -1.0;
     const QString tool = m_run.tool;
     m_run = SAnalysisRun();
@@ -115,11 +114,14 @@ void CAnalysisSession::onSamplesUpdated()
     m_history.record(now, readings());
     // Once a second: the counters go into tool tips and a verdict after seconds,
     // and the streams of a busy machine are better off without four readings a second.
-    if (now - m_lastLossSample >= LossSampleSeconds || m_lastLossSample < 0) {
+    const bool sampleLossesNow = now - m_lastLossSample >= LossSampleSeconds || m_lastLossSample < 0;
+    if (sampleLossesNow) {
         sampleLosses(now);
         m_lastLossSample = now;
     }
     emit recorded();
+    if (sampleLossesNow)
+        emit lossesSampled();
 }
 
 void CAnalysisSession::onErrorOccurred(const QString& key, const QString& message, const QDateTime&)
@@ -167,10 +169,7 @@ void CAnalysisSession::sampleLosses(double seconds)
         }
         if (!measured)
             continue;
-        // Once per adapter and run: the network layer lists every adapter to find one.
-        if (!m_linkSpeeds.contains(adapter.key))
-            m_linkSpeeds[adapter.key] = m_tree->linkSpeed(id);
-        adapters.push_back({adapter.key, adapter.text, m_linkSpeeds.value(adapter.key)});
+        adapters.push_back({adapter.key, adapter.text, linkSpeed(id)});
     }
     m_losses.sample(seconds, adapters, cameras);
     for (const CLossMeter::SAdapter& adapter : adapters) {
@@ -178,6 +177,14 @@ void CAnalysisSession::sampleLosses(double seconds)
         if ((totals.lostFrames > 0 || totals.missingPackets > 0) && !m_firstLoss.contains(adapter.key))
             m_firstLoss[adapter.key] = seconds;
     }
+}
+
+double CAnalysisSession::linkSpeed(FlatTreeItemID adapterId)
+{
+    const QString key = m_tree->model()->item(adapterId).key;
+    if (!m_linkSpeeds.contains(key))
+        m_linkSpeeds[key] = m_tree->linkSpeed(adapterId);
+    return m_linkSpeeds.value(key);
 }
 
 ELossPlace CAnalysisSession::lossPlace(const QString& adapterKey) const
@@ -197,8 +204,7 @@ SAnalysisRun CAnalysisSession::run()
     for (FlatTreeItemID id = 1; id < model.size(); ++id) {
         const FlatTreeItem& item = model.item(id);
         if (item.isAdapter && item.isGigE) {
-            const double speed = m_linkSpeeds.contains(item.key) ? m_linkSpeeds.value(item.key) : m_tree->linkSpeed(id);
-            SReportAdapter adapter{item.key, item.text, speed, {}, ELossPlace::None};
+            SReportAdapter adapter{item.key, item.text, linkSpeed(id), {}, ELossPlace::None};
             adapter.losses = m_losses.adapter(item.key);
             adapter.place = lossPlace(item.key);
             m_run.adapters.push_back(adapter);

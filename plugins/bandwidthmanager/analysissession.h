@@ -37,11 +37,15 @@ public:
     std::vector<SCameraReading> readings() const;
 
     const CLossMeter& losses() const { return m_losses; }
+    // An adapter's link speed in bits per second, read once per run: the network layer lists every adapter to find one.
+    double linkSpeed(FlatTreeItemID adapterId);
     // Where an adapter's cameras lose frames, once they have lost them for a few seconds; None before.
     ELossPlace lossPlace(const QString& adapterKey) const;
 
 signals:
     void recorded();
+    // After the loss counters were read, once a second.
+    void lossesSampled();
 
 private slots:
     void onSamplesUpdated();

@@ -160,7 +160,7 @@ BandwidthDialog::BandwidthDialog(const Core::Plugin::PluginManagerWeakPtr& plugi
     ui.plotHistory->setHistory(&m_session->history());
     connect(m_session, &Plugin::BandwidthManager::CAnalysisSession::recorded, ui.plotHistory,
             &Plugin::BandwidthManager::CBandwidthHistoryPlot::refresh);
-    connect(m_session, &Plugin::BandwidthManager::CAnalysisSession::recorded, this, &BandwidthDialog::showLosses);
+    connect(m_session, &Plugin::BandwidthManager::CAnalysisSession::lossesSampled, this, &BandwidthDialog::showLosses);
     connect(ui.btnExport, SIGNAL(clicked()), this, SLOT(onExportClicked()));
     connect(ui.btnCheckHost, SIGNAL(clicked()), this, SLOT(onCheckHostClicked()));
     checkHostQuietly();
@@ -389,17 +389,9 @@ void BandwidthDialog::showBudgets()
         const bool measured = std::any_of(adapter.children.begin(), adapter.children.end(),
                                           [model](FlatTreeItemID child) { return model->item(child).measuringCamera; });
         if (measured)
-            budgets.push_back({adapter.key, adapter.text, ui.treeBandwidth->linkSpeed(id) / 8 * 1e-6 * 0.9});
+            budgets.push_back({adapter.key, adapter.text, m_session->linkSpeed(id) / 8 * 1e-6 * 0.9});
     }
     ui.plotHistory->setBudgets(budgets);
-}
-
-// The checks read the tree here and the kernel on their own thread.
-Plugin::BandwidthManager::CHostChecksDialog::Run BandwidthDialog::hostCheckRun() const
-{
-    return [cameras = Plugin::BandwidthManager::camerasOnHost(*ui.treeBandwidth->model())] {
-        return Plugin::BandwidthManager::runHostChecks(Plugin::BandwidthManager::CHostSnapshotReader().read(cameras));
-    };
 }
 
 void BandwidthDialog::markHostChecks(const std::vector<Plugin::BandwidthManager::SHostCheck>& results)
@@ -411,7 +403,7 @@ void BandwidthDialog::markHostChecks(const std::vector<Plugin::BandwidthManager:
 
 void BandwidthDialog::checkHostQuietly()
 {
-    auto* checks = new Plugin::BandwidthManager::CHostChecksDialog(hostCheckRun(), m_hostFixer, this);
+    auto* checks = new Plugin::BandwidthManager::CHostChecksDialog(Plugin::BandwidthManager::hostCheckTask(*ui.treeBandwidth->model()), m_hostFixer, this);
     connect(checks, &Plugin::BandwidthManager::CHostChecksDialog::checked, this, [this, checks] {
         markHostChecks(checks->results());
         checks->deleteLater();
@@ -421,7 +413,7 @@ void BandwidthDialog::checkHostQuietly()
 
 void BandwidthDialog::onCheckHostClicked()
 {
-    Plugin::BandwidthManager::CHostChecksDialog checks(hostCheckRun(), m_hostFixer, this);
+    Plugin::BandwidthManager::CHostChecksDialog checks(Plugin::BandwidthManager::hostCheckTask(*ui.treeBandwidth->model()), m_hostFixer, this);
     connect(&checks, &Plugin::BandwidthManager::CHostChecksDialog::checked, this,
             [this, &checks] { markHostChecks(checks.results()); });
     checks.runChecks();

@@ -83,7 +83,6 @@ private:
     void showBudgets();
     // The checks at opening: the button says when one finds something.
     void checkHostQuietly();
-    Plugin::BandwidthManager::CHostChecksDialog::Run hostCheckRun() const;
     void markHostChecks(const std::vector<Plugin::BandwidthManager::SHostCheck>& results);
     Plugin::BandwidthManager::CHostFixer m_hostFixer = Plugin::BandwidthManager::CHostFixer::forThisProcess();
     // The loss figures in the rows' tool tips, and their place in the hint line.

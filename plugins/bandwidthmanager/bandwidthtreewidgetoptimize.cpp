@@ -8,6 +8,7 @@
 #include "devicelinkthroughputlimiteditor.h"
 #include "flattree.h"
 #include "framepacer.h"
+#include "integernode.h"
 
 #include <Core/Logging/Logging.h>
 #include <GenICam/GenericException.h>
@@ -28,6 +29,7 @@
 using Plugin::BandwidthManager::CBandwidthMeasuringCamera;
 using Plugin::BandwidthManager::CBandwidthMeasuringCameraGigE;
 using Plugin::BandwidthManager::CFramePacer;
+using Plugin::BandwidthManager::integerValueOr;
 
 namespace {
 
@@ -72,16 +74,6 @@ void merge(BandwidthTreeWidget::SOptimizationResult& result, const BandwidthTree
     result.tooManyCameras = result.tooManyCameras || partial.tooManyCameras;
     result.packetSizeDefaulted = result.packetSizeDefaulted || partial.packetSizeDefaulted;
     result.cameras.insert(result.cameras.end(), partial.cameras.begin(), partial.cameras.end());
-}
-
-qint64 integerValueOr(const ParameterCollection::ParameterCollectionPtr& ptrParameters, const QString& name,
-                      qint64 fallback)
-{
-    const ParameterCollection::IntegerParameterPtr ptrNode =
-        ptrParameters ? ptrParameters->getIntegerParameter(name) : ParameterCollection::IntegerParameterPtr();
-    if (!ptrNode || ptrNode->isNull() || !ptrNode->isReadable())
-        return fallback;
-    return ptrNode->getValue();
 }
 
 int flooredMegabytes(double share)

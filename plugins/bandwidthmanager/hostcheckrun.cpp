@@ -2,6 +2,7 @@
 
 #include "bandwidthmeasuringcamera.h"
 #include "flattree.h"
+#include "integernode.h"
 
 #include <QHostAddress>
 
@@ -12,10 +13,7 @@ namespace {
 qint64 nodeValue(const ParameterCollection::ParameterCollectionPtr& parameters, const QString& name, bool maximum)
 {
     try {
-        const ParameterCollection::IntegerParameterPtr node = parameters ? parameters->getIntegerParameter(name) : nullptr;
-        if (!node || node->isNull() || !node->isReadable())
-            return -1;
-        return maximum ? node->getMax() : node->getValue();
+        return maximum ? integerMaximumOr(parameters, name, -1) : integerValueOr(parameters, name, -1);
     } catch (...) {
         // A camera that does not answer leaves the check to its defaults.
         return -1;
@@ -49,9 +47,9 @@ std::vector<SCameraOnHost> camerasOnHost(const FlatTree& model)
     return cameras;
 }
 
-std::vector<SHostCheck> checkHost(const FlatTree& model, const CHostSnapshotReader& reader, int rateWindowMs)
+std::function<std::vector<SHostCheck>()> hostCheckTask(const FlatTree& model)
 {
-    return runHostChecks(reader.read(camerasOnHost(model), rateWindowMs));
+    return [cameras = camerasOnHost(model)] { return runHostChecks(CHostSnapshotReader().read(cameras)); };
 }
 
 } // namespace Plugin::BandwidthManager

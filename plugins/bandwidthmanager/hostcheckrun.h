@@ -3,6 +3,8 @@
 #include "hostchecks.h"
 #include "hostsnapshotreader.h"
 
+#include <functional>
+
 class FlatTree;
 
 namespace Plugin::BandwidthManager {
@@ -12,8 +14,9 @@ namespace Plugin::BandwidthManager {
 // receive buffer its stream asks for.
 std::vector<SCameraOnHost> camerasOnHost(const FlatTree& model);
 
-// Reads the host and runs every check; takes rateWindowMs to count packets.
-std::vector<SHostCheck> checkHost(const FlatTree& model, const CHostSnapshotReader& reader = CHostSnapshotReader(),
-                                  int rateWindowMs = 250);
+// The checks as a task: the cameras are read from the tree now, on the
+// tree's thread; the host when the task runs, on any thread (it waits a
+// quarter of a second to count packets).
+std::function<std::vector<SHostCheck>()> hostCheckTask(const FlatTree& model);
 
 } // namespace Plugin::BandwidthManager

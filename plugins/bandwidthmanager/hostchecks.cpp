@@ -8,10 +8,6 @@ namespace Plugin::BandwidthManager {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("HostChecks", text);
-}
 
 QString name(const SHostInterface& interface)
 {
@@ -33,15 +29,15 @@ SHostCheck rmemCheck(const SHostSnapshot& snapshot)
 {
     SHostCheck check{EHostCheck::RmemMax, {}, true, {}, std::nullopt};
     if (snapshot.rmemMax < 0) {
-        check.text = tr("net.core.rmem_max cannot be read.");
+        check.text = QCoreApplication::translate("HostChecks", "net.core.rmem_max cannot be read.");
         return check;
     }
     check.passed = snapshot.rmemMax >= snapshot.rmemWanted;
     if (check.passed) {
-        check.text = tr("net.core.rmem_max is %1 KiB: enough for the streams.").arg(snapshot.rmemMax / 1024);
+        check.text = QCoreApplication::translate("HostChecks", "net.core.rmem_max is %1 KiB: enough for the streams.").arg(snapshot.rmemMax / 1024);
         return check;
     }
-    check.text = tr("net.core.rmem_max is %1 KiB, less than the %2 KiB a stream asks for: its packets are lost "
+    check.text = QCoreApplication::translate("HostChecks", "net.core.rmem_max is %1 KiB, less than the %2 KiB a stream asks for: its packets are lost "
                     "whenever the stream thread is late.")
                      .arg(snapshot.rmemMax / 1024)
                      .arg(snapshot.rmemWanted / 1024);
@@ -53,15 +49,15 @@ SHostCheck ringCheck(const SHostInterface& interface)
 {
     SHostCheck check{EHostCheck::RxRing, interface.name, true, {}, std::nullopt};
     if (!interface.ringKnown || interface.ring.maximum == 0) {
-        check.text = tr("%1 has no receive ring to set.").arg(name(interface));
+        check.text = QCoreApplication::translate("HostChecks", "%1 has no receive ring to set.").arg(name(interface));
         return check;
     }
     check.passed = interface.ring.current >= interface.ring.maximum;
     if (check.passed) {
-        check.text = tr("%1: the receive ring is at its maximum, %2.").arg(name(interface)).arg(interface.ring.maximum);
+        check.text = QCoreApplication::translate("HostChecks", "%1: the receive ring is at its maximum, %2.").arg(name(interface)).arg(interface.ring.maximum);
         return check;
     }
-    check.text = tr("%1: the receive ring holds %2 packets of up to %3: a burst of the cameras overflows it.")
+    check.text = QCoreApplication::translate("HostChecks", "%1: the receive ring holds %2 packets of up to %3: a burst of the cameras overflows it.")
                      .arg(name(interface))
                      .arg(interface.ring.current)
                      .arg(interface.ring.maximum);
@@ -75,10 +71,10 @@ SHostCheck mtuCheck(const SHostInterface& interface)
     const uint32_t jumbo = interface.maxMtu == 0 ? JumboMtu : std::min(JumboMtu, interface.maxMtu);
     check.passed = interface.mtu >= jumbo || interface.largestCameraPacket <= interface.mtu;
     if (check.passed) {
-        check.text = tr("%1: MTU %2, as large as its cameras' packets can use.").arg(name(interface)).arg(interface.mtu);
+        check.text = QCoreApplication::translate("HostChecks", "%1: MTU %2, as large as its cameras' packets can use.").arg(name(interface)).arg(interface.mtu);
         return check;
     }
-    check.text = tr("%1: MTU %2, while its cameras could send packets of %3 bytes: jumbo frames (%4) carry a frame "
+    check.text = QCoreApplication::translate("HostChecks", "%1: MTU %2, while its cameras could send packets of %3 bytes: jumbo frames (%4) carry a frame "
                     "in fewer packets, with less load on the host.")
                      .arg(name(interface))
                      .arg(interface.mtu)
@@ -92,10 +88,10 @@ SHostCheck rpFilterCheck(const SHostInterface& interface)
 {
     SHostCheck check{EHostCheck::RpFilter, interface.name, interface.rpFilter != 1, {}, std::nullopt};
     if (check.passed) {
-        check.text = tr("%1: reverse-path filtering is not strict.").arg(name(interface));
+        check.text = QCoreApplication::translate("HostChecks", "%1: reverse-path filtering is not strict.").arg(name(interface));
         return check;
     }
-    check.text = tr("%1: strict reverse-path filtering drops the packets of a camera whose address the host would not "
+    check.text = QCoreApplication::translate("HostChecks", "%1: strict reverse-path filtering drops the packets of a camera whose address the host would not "
                     "route back through this adapter (discovery answers, streams from another subnet).")
                      .arg(name(interface));
     check.fix = HostFix::SFix{HostFix::EKind::RpFilter, interface.name, 2};
@@ -108,12 +104,12 @@ SHostCheck coalescingCheck(const SHostInterface& interface)
     const bool off = interface.coalesceKnown && !interface.coalesce.adaptive && interface.coalesce.usecs == 0;
     check.passed = !off || interface.packetsPerSecond <= BusyPacketsPerSecond;
     if (check.passed) {
-        check.text = tr("%1: interrupt moderation suits %2 packets a second.")
+        check.text = QCoreApplication::translate("HostChecks", "%1: interrupt moderation suits %2 packets a second.")
                          .arg(name(interface))
                          .arg(qRound64(interface.packetsPerSecond));
         return check;
     }
-    check.text = tr("%1 takes an interrupt for each of %2 packets a second: with moderation off, the host spends "
+    check.text = QCoreApplication::translate("HostChecks", "%1 takes an interrupt for each of %2 packets a second: with moderation off, the host spends "
                     "its time in interrupts.")
                      .arg(name(interface))
                      .arg(qRound64(interface.packetsPerSecond));
@@ -139,7 +135,7 @@ std::vector<SHostCheck> runHostChecks(const SHostSnapshot& snapshot)
             if (inside || interface.subnets.empty())
                 continue;
             checks.push_back({EHostCheck::CameraOutsideSubnet, interface.name, false,
-                              tr("The camera %1 on %2 lies outside the adapter's subnet %3: it answers discovery, but "
+                              QCoreApplication::translate("HostChecks", "The camera %1 on %2 lies outside the adapter's subnet %3: it answers discovery, but "
                                  "the host sends to it by its routes, not through this adapter. Give it an address in "
                                  "%3.")
                                   .arg(dotted(camera), name(interface), subnetText(interface.subnets.front())),
@@ -160,7 +156,7 @@ std::vector<SHostCheck> runHostChecks(const SHostSnapshot& snapshot)
                 if (!shared || (a.cameras.empty() && b.cameras.empty()))
                     continue;
                 checks.push_back({EHostCheck::SharedSubnet, a.name, false,
-                                  tr("%1 and %2 are both in %3: the host answers a camera through whichever adapter "
+                                  QCoreApplication::translate("HostChecks", "%1 and %2 are both in %3: the host answers a camera through whichever adapter "
                                      "its route names, so discovery, control and resends can leave by the wrong one. "
                                      "Give each adapter a subnet of its own.")
                                       .arg(name(a), name(b), subnetText(subnet)),

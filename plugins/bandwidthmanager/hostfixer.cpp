@@ -11,9 +11,11 @@ namespace Plugin::BandwidthManager {
 
 namespace {
 
-QString tr(const char* text)
+QString doneText(const QString& command, bool kept)
 {
-    return QCoreApplication::translate("HostFixer", text);
+    return (kept ? QCoreApplication::translate("HostFixer", "Done (%1), and kept for the next start.")
+                 : QCoreApplication::translate("HostFixer", "Done (%1), until the next restart."))
+        .arg(command);
 }
 
 int runProcess(const QString& program, const QStringList& arguments, QString* output)
@@ -95,12 +97,10 @@ CHostFixer::SOutcome CHostFixer::apply(const HostFix::SFix& fix) const
         std::string error;
         outcome.applied = m_applier.apply(fix, error);
         if (!outcome.applied) {
-            outcome.text = tr("Not changed: %1").arg(QString::fromStdString(error));
+            outcome.text = QCoreApplication::translate("HostFixer", "Not changed: %1").arg(QString::fromStdString(error));
             return outcome;
         }
-        const bool kept = keptByNetworkManager(fix) || m_applier.persist(fix, error);
-        outcome.text = (kept ? tr("Done (%1), and kept for the next start.") : tr("Done (%1), until the next restart."))
-                           .arg(command);
+        outcome.text = doneText(command, keptByNetworkManager(fix) || m_applier.persist(fix, error));
         return outcome;
     }
     const QString helper = helperPath(fix.kind);
@@ -113,19 +113,18 @@ CHostFixer::SOutcome CHostFixer::apply(const HostFix::SFix& fix) const
         if (status == 0) {
             outcome.path = EPath::Helper;
             outcome.applied = true;
-            const bool kept = keptByNetworkManager(fix) || output.contains(QLatin1String("kept for the next start"));
-            outcome.text = (kept ? tr("Done (%1), and kept for the next start.") : tr("Done (%1), until the next restart."))
-                               .arg(command);
+            outcome.text =
+                doneText(command, keptByNetworkManager(fix) || output.contains(QLatin1String("kept for the next start")));
             return outcome;
         }
         // 126 and 127: the password was not given; 1 and 2: the helper refused.
         if (status == 1 || status == 2) {
             outcome.path = EPath::Helper;
-            outcome.text = tr("Not changed: %1").arg(output);
+            outcome.text = QCoreApplication::translate("HostFixer", "Not changed: %1").arg(output);
             return outcome;
         }
     }
-    outcome.text = tr("This needs root. Run: %1").arg(command);
+    outcome.text = QCoreApplication::translate("HostFixer", "This needs root. Run: %1").arg(command);
     return outcome;
 }
 

@@ -1,5 +1,7 @@
 #include "lossmeter.h"
 
+#include "integernode.h"
+
 #include <baselibs/linux/CNetlinkRoute.h>
 
 #include <QFile>
@@ -33,10 +35,7 @@ CLossMeter::LinkCounterSource netlinkCounters()
 qint64 statisticOf(const ParameterCollection::ParameterCollectionPtr& parameters, const char* name)
 {
     try {
-        const ParameterCollection::IntegerParameterPtr node =
-            parameters ? parameters->getIntegerParameter(QStringLiteral("@StreamGrabber0/Statistic_%1_Count").arg(QLatin1String(name)))
-                       : ParameterCollection::IntegerParameterPtr();
-        return node && !node->isNull() && node->isReadable() ? node->getValue() : -1;
+        return integerValueOr(parameters, QStringLiteral("@StreamGrabber0/Statistic_%1_Count").arg(QLatin1String(name)), -1);
     } catch (...) {
         // A camera that went away has no statistics to add.
         return -1;

@@ -1,13 +1,16 @@
 #include "hostchecks.h"
 #include "hostfixapplier.h"
 #include "hostfixer.h"
+#include "lossplace.h"
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 using namespace Plugin::BandwidthManager;
 using HostFix::EKind;
@@ -338,6 +341,26 @@ TEST(HostFixPersistence, goesThroughWhoeverManagesTheLink)
         EXPECT_EQ(modified, c.modify);
         EXPECT_EQ(outcome.text.endsWith(QLatin1String("kept for the next start.")), c.kept) << outcome.text.toStdString();
     }
+}
+
+} // namespace
+
+namespace {
+
+// Each text is looked up at run time in the context the catalogs keep it under.
+TEST(HostChecks, speakTheCatalogsLanguage)
+{
+    QTranslator japanese;
+    ASSERT_TRUE(japanese.load(QStringLiteral(":/translation/BandwidthManager_ja.qm")));
+    QCoreApplication::installTranslator(&japanese);
+    const std::vector<SHostCheck> checks = runHostChecks({212992, int64_t(8) << 20, {}});
+    const QString shown = CHostFixer(false, {}, QString()).apply({EKind::RmemMax, "", int64_t(64) << 20}).text;
+    const QString advice = lossPlaceAdvice(ELossPlace::Link);
+    QCoreApplication::removeTranslator(&japanese);
+    ASSERT_FALSE(checks.empty());
+    EXPECT_TRUE(checks.front().text.startsWith(QStringLiteral("net.core.rmem_max は"))) << checks.front().text.toStdString();
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("root 権限が必要です"))) << shown.toStdString();
+    EXPECT_TRUE(advice.contains(QStringLiteral("リンクの容量"))) << advice.toStdString();
 }
 
 } // namespace

@@ -103,14 +103,15 @@ void CHeadlessAnalysis::onDeviceListChanged()
     }
 }
 
-bool CHeadlessAnalysis::allNamedCamerasListed()
+bool CHeadlessAnalysis::allNamedCamerasListed() const
 {
-    return chooseCameras(nullptr);
+    QString error;
+    chosenCameras(&error);
+    return error.isEmpty();
 }
 
-// Matches a name against a camera's serial number, IP address, listed name or
-// key; starts measuring the chosen cameras unless error is null.
-bool CHeadlessAnalysis::chooseCameras(QString* error)
+// Matches a name against a camera's serial number, IP address, listed name or key.
+std::vector<FlatTreeItemID> CHeadlessAnalysis::chosenCameras(QString* error) const
 {
     const FlatTree& model = *m_tree->model();
     std::vector<FlatTreeItemID> chosen;
@@ -136,17 +137,12 @@ bool CHeadlessAnalysis::chooseCameras(QString* error)
     }
     for (const QString& name : m_options.cameras) {
         if (!matched.contains(name)) {
-            if (error)
-                *error = QStringLiteral("No camera named \"%1\". Cameras found: %2")
-                             .arg(name, listed.isEmpty() ? QStringLiteral("none") : listed.join(QStringLiteral(", ")));
-            return false;
+            *error = QStringLiteral("No camera named \"%1\". Cameras found: %2")
+                         .arg(name, listed.isEmpty() ? QStringLiteral("none") : listed.join(QStringLiteral(", ")));
+            return {};
         }
     }
-    if (!error)
-        return true;
-    for (FlatTreeItemID id : chosen)
-        m_tree->startCamera(id);
-    return true;
+    return chosen;
 }
 
 void CHeadlessAnalysis::onDiscoveryDone()
@@ -156,10 +152,13 @@ void CHeadlessAnalysis::onDiscoveryDone()
     m_discoveryLimit.stop();
     m_tree->refreshTree();
     QString error;
-    if (!chooseCameras(&error)) {
+    const std::vector<FlatTreeItemID> chosen = chosenCameras(&error);
+    if (!error.isEmpty()) {
         fail(2, error);
         return;
     }
+    for (FlatTreeItemID id : chosen)
+        m_tree->startCamera(id);
     if (m_options.checkHost) {
         m_done = true;
         emit finished(checkHost());
@@ -268,7 +267,7 @@ void CHeadlessAnalysis::finish()
 
 int CHeadlessAnalysis::checkHost()
 {
-    const std::vector<Plugin::BandwidthManager::SHostCheck> checks = Plugin::BandwidthManager::checkHost(*m_tree->model());
+    const std::vector<Plugin::BandwidthManager::SHostCheck> checks = Plugin::BandwidthManager::hostCheckTask(*m_tree->model())();
     const Plugin::BandwidthManager::CHostFixer fixer = Plugin::BandwidthManager::CHostFixer::forThisProcess();
     int status = 0;
     for (const Plugin::BandwidthManager::SHostCheck& check : checks) {

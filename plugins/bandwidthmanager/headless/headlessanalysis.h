@@ -1,5 +1,6 @@
 #pragma once
 
+#include "flattreeitem.h"
 #include "headlessoptions.h"
 
 #include <Core/Plugin/CPluginManager.h>
@@ -9,6 +10,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 class BandwidthTreeWidget;
 
@@ -39,9 +41,9 @@ private slots:
     void onFirstScanFinished();
 
 private:
-    bool allNamedCamerasListed();
-    // False, with the reason, when a named camera is not listed.
-    bool chooseCameras(QString* error);
+    bool allNamedCamerasListed() const;
+    // The cameras to measure; none, and the reason in error, when a named camera is not listed.
+    std::vector<FlatTreeItemID> chosenCameras(QString* error) const;
     void finish();
     // The host checks, and their fixes where asked; the exit status.
     int checkHost();

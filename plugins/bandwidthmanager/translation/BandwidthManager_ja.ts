@@ -315,30 +315,7 @@ packets dropped by the stream socket: %5</source>
     </message>
 </context>
 <context>
-    <name>LossPlace</name>
-    <message>
-        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
-        <translation>&lt;b&gt;リンクの容量を超えています:&lt;/b&gt; そのアダプターの &lt;b&gt;Optimize&lt;/b&gt; を押してください。</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
-        <translation>&lt;b&gt;パケットが回線上で失われました:&lt;/b&gt; ケーブルとスイッチを確認してください。</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
-        <translation>&lt;b&gt;アダプターの受信リングがあふれました:&lt;/b&gt; 最大値まで上げてください (ethtool -G)。</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
-        <translation>&lt;b&gt;ストリームソケットのバッファがあふれました:&lt;/b&gt; net.core.rmem_max を上げてから、解析を再開してください。</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
-        <translation>&lt;b&gt;到着したフレームに空きバッファがありませんでした:&lt;/b&gt; アプリケーションがバッファを返すのが遅すぎます。</translation>
-    </message>
-</context>
-<context>
-    <name>Plugin::BandwidthManager</name>
+    <name>HostChecks</name>
     <message>
         <source>net.core.rmem_max cannot be read.</source>
         <translation>net.core.rmem_max を読み取れません。</translation>
@@ -394,6 +371,48 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>%1 and %2 are both in %3: the host answers a camera through whichever adapter its route names, so discovery, control and resends can leave by the wrong one. Give each adapter a subnet of its own.</source>
         <translation>%1 と %2 はどちらも %3 にあります。ホストはルートが示すアダプター経由でカメラに応答するため、検出、制御、再送が誤ったアダプターから出る可能性があります。各アダプターに専用のサブネットを割り当ててください。</translation>
+    </message>
+</context>
+<context>
+    <name>HostFixer</name>
+    <message>
+        <source>Done (%1), and kept for the next start.</source>
+        <translation>完了しました (%1)。次回の起動後も保持されます。</translation>
+    </message>
+    <message>
+        <source>Done (%1), until the next restart.</source>
+        <translation>完了しました (%1)。次回の再起動までです。</translation>
+    </message>
+    <message>
+        <source>Not changed: %1</source>
+        <translation>変更されていません: %1</translation>
+    </message>
+    <message>
+        <source>This needs root. Run: %1</source>
+        <translation>root 権限が必要です。実行してください: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LossPlace</name>
+    <message>
+        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
+        <translation>&lt;b&gt;リンクの容量を超えています:&lt;/b&gt; そのアダプターの &lt;b&gt;Optimize&lt;/b&gt; を押してください。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
+        <translation>&lt;b&gt;パケットが回線上で失われました:&lt;/b&gt; ケーブルとスイッチを確認してください。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
+        <translation>&lt;b&gt;アダプターの受信リングがあふれました:&lt;/b&gt; 最大値まで上げてください (ethtool -G)。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
+        <translation>&lt;b&gt;ストリームソケットのバッファがあふれました:&lt;/b&gt; net.core.rmem_max を上げてから、解析を再開してください。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
+        <translation>&lt;b&gt;到着したフレームに空きバッファがありませんでした:&lt;/b&gt; アプリケーションがバッファを返すのが遅すぎます。</translation>
     </message>
 </context>
 <context>
@@ -455,25 +474,6 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>%1 check(s) found something to change.</source>
         <translation>%1 件のチェックが変更点を見つけました。</translation>
-    </message>
-</context>
-<context>
-    <name>Plugin::BandwidthManager::CHostFixer</name>
-    <message>
-        <source>Not changed: %1</source>
-        <translation>変更されていません: %1</translation>
-    </message>
-    <message>
-        <source>Done (%1), and kept for the next start.</source>
-        <translation>完了しました (%1)。次回の起動後も保持されます。</translation>
-    </message>
-    <message>
-        <source>Done (%1), until the next restart.</source>
-        <translation>完了しました (%1)。次回の再起動までです。</translation>
-    </message>
-    <message>
-        <source>This needs root. Run: %1</source>
-        <translation>root 権限が必要です。実行してください: %1</translation>
     </message>
 </context>
 </TS>

@@ -315,30 +315,7 @@ packets dropped by the stream socket: %5</source>
     </message>
 </context>
 <context>
-    <name>LossPlace</name>
-    <message>
-        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
-        <translation>&lt;b&gt;링크 용량을 초과했습니다:&lt;/b&gt; 해당 어댑터의 &lt;b&gt;Optimize&lt;/b&gt;를 누르십시오.</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
-        <translation>&lt;b&gt;패킷이 회선에서 손실되었습니다:&lt;/b&gt; 케이블과 스위치를 확인하십시오.</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
-        <translation>&lt;b&gt;어댑터의 수신 링이 넘쳤습니다:&lt;/b&gt; 최대값으로 올리십시오 (ethtool -G).</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
-        <translation>&lt;b&gt;스트림 소켓의 버퍼가 넘쳤습니다:&lt;/b&gt; net.core.rmem_max를 올린 다음 분석을 다시 시작하십시오.</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
-        <translation>&lt;b&gt;도착한 프레임을 위한 빈 버퍼가 없었습니다:&lt;/b&gt; 애플리케이션이 버퍼를 너무 늦게 반환합니다.</translation>
-    </message>
-</context>
-<context>
-    <name>Plugin::BandwidthManager</name>
+    <name>HostChecks</name>
     <message>
         <source>net.core.rmem_max cannot be read.</source>
         <translation>net.core.rmem_max를 읽을 수 없습니다.</translation>
@@ -394,6 +371,48 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>%1 and %2 are both in %3: the host answers a camera through whichever adapter its route names, so discovery, control and resends can leave by the wrong one. Give each adapter a subnet of its own.</source>
         <translation>%1과 %2가 모두 %3에 있습니다. 호스트는 경로가 가리키는 어댑터로 카메라에 응답하므로 검색, 제어, 재전송이 잘못된 어댑터로 나갈 수 있습니다. 각 어댑터에 고유한 서브넷을 지정하십시오.</translation>
+    </message>
+</context>
+<context>
+    <name>HostFixer</name>
+    <message>
+        <source>Done (%1), and kept for the next start.</source>
+        <translation>완료했습니다(%1). 다음 시작 때도 유지됩니다.</translation>
+    </message>
+    <message>
+        <source>Done (%1), until the next restart.</source>
+        <translation>완료했습니다(%1). 다음 재시작까지 유지됩니다.</translation>
+    </message>
+    <message>
+        <source>Not changed: %1</source>
+        <translation>변경되지 않았습니다: %1</translation>
+    </message>
+    <message>
+        <source>This needs root. Run: %1</source>
+        <translation>root 권한이 필요합니다. 실행하십시오: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LossPlace</name>
+    <message>
+        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
+        <translation>&lt;b&gt;링크 용량을 초과했습니다:&lt;/b&gt; 해당 어댑터의 &lt;b&gt;Optimize&lt;/b&gt;를 누르십시오.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
+        <translation>&lt;b&gt;패킷이 회선에서 손실되었습니다:&lt;/b&gt; 케이블과 스위치를 확인하십시오.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
+        <translation>&lt;b&gt;어댑터의 수신 링이 넘쳤습니다:&lt;/b&gt; 최대값으로 올리십시오 (ethtool -G).</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
+        <translation>&lt;b&gt;스트림 소켓의 버퍼가 넘쳤습니다:&lt;/b&gt; net.core.rmem_max를 올린 다음 분석을 다시 시작하십시오.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
+        <translation>&lt;b&gt;도착한 프레임을 위한 빈 버퍼가 없었습니다:&lt;/b&gt; 애플리케이션이 버퍼를 너무 늦게 반환합니다.</translation>
     </message>
 </context>
 <context>
@@ -455,25 +474,6 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>%1 check(s) found something to change.</source>
         <translation>검사 %1개가 변경할 사항을 찾았습니다.</translation>
-    </message>
-</context>
-<context>
-    <name>Plugin::BandwidthManager::CHostFixer</name>
-    <message>
-        <source>Not changed: %1</source>
-        <translation>변경되지 않았습니다: %1</translation>
-    </message>
-    <message>
-        <source>Done (%1), and kept for the next start.</source>
-        <translation>완료했습니다(%1). 다음 시작 때도 유지됩니다.</translation>
-    </message>
-    <message>
-        <source>Done (%1), until the next restart.</source>
-        <translation>완료했습니다(%1). 다음 재시작까지 유지됩니다.</translation>
-    </message>
-    <message>
-        <source>This needs root. Run: %1</source>
-        <translation>root 권한이 필요합니다. 실행하십시오: %1</translation>
     </message>
 </context>
 </TS>

@@ -315,30 +315,7 @@ packets dropped by the stream socket: %5</source>
     </message>
 </context>
 <context>
-    <name>LossPlace</name>
-    <message>
-        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
-        <translation>&lt;b&gt;链路超出其容量:&lt;/b&gt; 请按该适配器的 &lt;b&gt;Optimize&lt;/b&gt;。</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
-        <translation>&lt;b&gt;数据包在线路上丢失:&lt;/b&gt; 请检查电缆和交换机。</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
-        <translation>&lt;b&gt;适配器的接收环已溢出:&lt;/b&gt; 请将其调到最大值 (ethtool -G)。</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
-        <translation>&lt;b&gt;流套接字的缓冲区已溢出:&lt;/b&gt; 请调高 net.core.rmem_max,然后重新开始分析。</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
-        <translation>&lt;b&gt;到达的帧没有空闲缓冲区:&lt;/b&gt; 应用程序归还缓冲区太晚。</translation>
-    </message>
-</context>
-<context>
-    <name>Plugin::BandwidthManager</name>
+    <name>HostChecks</name>
     <message>
         <source>net.core.rmem_max cannot be read.</source>
         <translation>无法读取 net.core.rmem_max。</translation>
@@ -394,6 +371,48 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>%1 and %2 are both in %3: the host answers a camera through whichever adapter its route names, so discovery, control and resends can leave by the wrong one. Give each adapter a subnet of its own.</source>
         <translation>%1 和 %2 都在 %3 中:主机按路由指定的适配器应答相机,因此发现、控制和重发可能从错误的适配器发出。请为每个适配器分配独立的子网。</translation>
+    </message>
+</context>
+<context>
+    <name>HostFixer</name>
+    <message>
+        <source>Done (%1), and kept for the next start.</source>
+        <translation>已完成 (%1),下次启动后仍保留。</translation>
+    </message>
+    <message>
+        <source>Done (%1), until the next restart.</source>
+        <translation>已完成 (%1),直到下次重启。</translation>
+    </message>
+    <message>
+        <source>Not changed: %1</source>
+        <translation>未更改: %1</translation>
+    </message>
+    <message>
+        <source>This needs root. Run: %1</source>
+        <translation>这需要 root 权限。请运行: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LossPlace</name>
+    <message>
+        <source>&lt;b&gt;The link is over its capacity:&lt;/b&gt; press &lt;b&gt;Optimize&lt;/b&gt; on its adapter.</source>
+        <translation>&lt;b&gt;链路超出其容量:&lt;/b&gt; 请按该适配器的 &lt;b&gt;Optimize&lt;/b&gt;。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Packets were lost on the wire:&lt;/b&gt; check the cable and the switch.</source>
+        <translation>&lt;b&gt;数据包在线路上丢失:&lt;/b&gt; 请检查电缆和交换机。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The adapter&apos;s receive ring overflowed:&lt;/b&gt; raise it to its maximum (ethtool -G).</source>
+        <translation>&lt;b&gt;适配器的接收环已溢出:&lt;/b&gt; 请将其调到最大值 (ethtool -G)。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The stream socket&apos;s buffer overflowed:&lt;/b&gt; raise net.core.rmem_max, then start the analysis again.</source>
+        <translation>&lt;b&gt;流套接字的缓冲区已溢出:&lt;/b&gt; 请调高 net.core.rmem_max,然后重新开始分析。</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;No buffer was free for arriving frames:&lt;/b&gt; the application returns its buffers too late.</source>
+        <translation>&lt;b&gt;到达的帧没有空闲缓冲区:&lt;/b&gt; 应用程序归还缓冲区太晚。</translation>
     </message>
 </context>
 <context>
@@ -455,25 +474,6 @@ packets dropped by the stream socket: %5</source>
     <message>
         <source>%1 check(s) found something to change.</source>
         <translation>%1 项检查发现需要更改之处。</translation>
-    </message>
-</context>
-<context>
-    <name>Plugin::BandwidthManager::CHostFixer</name>
-    <message>
-        <source>Not changed: %1</source>
-        <translation>未更改: %1</translation>
-    </message>
-    <message>
-        <source>Done (%1), and kept for the next start.</source>
-        <translation>已完成 (%1),下次启动后仍保留。</translation>
-    </message>
-    <message>
-        <source>Done (%1), until the next restart.</source>
-        <translation>已完成 (%1),直到下次重启。</translation>
-    </message>
-    <message>
-        <source>This needs root. Run: %1</source>
-        <translation>这需要 root 权限。请运行: %1</translation>
     </message>
 </context>
 </TS>

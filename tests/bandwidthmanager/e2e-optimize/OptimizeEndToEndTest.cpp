@@ -466,11 +466,7 @@ TEST_F(OptimizeEndToEnd, optimizeButtonOfTheAdapterMakesTheCamerasFit)
     const QByteArray checksShot = qgetenv("BWM_HOSTCHECK_SCREENSHOT");
     if (!checksShot.isEmpty()) {
         const auto fixer = Plugin::BandwidthManager::CHostFixer::forThisProcess();
-        Plugin::BandwidthManager::CHostChecksDialog checks(
-            [cameras = Plugin::BandwidthManager::camerasOnHost(*tree->model())] {
-                return Plugin::BandwidthManager::runHostChecks(Plugin::BandwidthManager::CHostSnapshotReader().read(cameras));
-            },
-            fixer);
+        Plugin::BandwidthManager::CHostChecksDialog checks(Plugin::BandwidthManager::hostCheckTask(*tree->model()), fixer);
         QSignalSpy checked(&checks, &Plugin::BandwidthManager::CHostChecksDialog::checked);
         checks.runChecks();
         checks.show();
