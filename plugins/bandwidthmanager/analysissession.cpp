@@ -200,13 +200,17 @@ SAnalysisRun CAnalysisSession::run()
     if (!m_tree)
         return m_run;
     FlatTree& model = *m_tree->model();
+    // The counters as they stand now, not as they stood at the last reading up to a second ago.
+    if (m_clock.isValid())
+        sampleLosses(elapsedSeconds());
     m_run.adapters.clear();
     for (FlatTreeItemID id = 1; id < model.size(); ++id) {
         const FlatTreeItem& item = model.item(id);
         if (item.isAdapter && item.isGigE) {
             SReportAdapter adapter{item.key, item.text, linkSpeed(id), {}, ELossPlace::None};
             adapter.losses = m_losses.adapter(item.key);
-            adapter.place = lossPlace(item.key);
+            // The whole run's verdict: the hint waits for seconds of losses, the report does not.
+            adapter.place = Plugin::BandwidthManager::lossPlace(m_losses.totals(item.key));
             m_run.adapters.push_back(adapter);
         } else if (item.isCamera && item.measuringCamera && item.measuringCamera->isGigE() && item.cameraInfo)
             m_run.settings[item.cameraInfo->key()] = transportSettings(*item.measuringCamera);

@@ -340,11 +340,15 @@ TEST(HeadlessOnTestNetwork, aSmallSocketBufferIsNamedAndARaisedLimitEndsTheLosse
     ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
     EXPECT_TRUE(kept.readAll().contains("net.core.rmem_max = 67108864"));
 
+    // The socket's losses stop. Not every loss: an emulator that wakes up late on a busy machine drops what
+    // it could not send in time, as its link model says, and the report names that place (the wire).
     const auto [largeStatus, large] = run("large.json");
-    EXPECT_EQ(largeStatus, 0) << QJsonDocument(large).toJson().toStdString();
-    EXPECT_EQ(firstOf(large, "cameras").value(QStringLiteral("losses")).toObject().value(QStringLiteral("socketDrops")).toInt(), 0);
-    EXPECT_EQ(firstOf(large, "adapters").value(QStringLiteral("losses")).toObject().value(QStringLiteral("place")).toString(),
-              QStringLiteral("none"));
+    const std::string report = QJsonDocument(large).toJson().toStdString();
+    EXPECT_EQ(firstOf(large, "cameras").value(QStringLiteral("losses")).toObject().value(QStringLiteral("socketDrops")).toInt(), 0)
+        << report;
+    const QString place = firstOf(large, "adapters").value(QStringLiteral("losses")).toObject().value(QStringLiteral("place")).toString();
+    EXPECT_TRUE(place == QLatin1String("none") || place == QLatin1String("wire")) << report;
+    EXPECT_EQ(largeStatus, place == QLatin1String("none") ? 0 : 1) << report;
 }
 
 // The tap at MTU 1500, the cameras' links at 9000 (BWM_E2E_HOST_MTU): the MTU
