@@ -182,8 +182,15 @@ void CAnalysisSession::sampleLosses(double seconds)
 double CAnalysisSession::linkSpeed(FlatTreeItemID adapterId)
 {
     const QString key = m_tree->model()->item(adapterId).key;
-    if (!m_linkSpeeds.contains(key))
-        m_linkSpeeds[key] = m_tree->linkSpeed(adapterId);
+    if (!m_linkSpeeds.contains(key)) {
+        m_tree->withOneAdapterListing([this] {
+            const FlatTree& tree = *m_tree->model();
+            for (FlatTreeItemID id = 0; id < tree.size(); ++id) {
+                if (tree.item(id).isAdapter)
+                    m_linkSpeeds[tree.item(id).key] = m_tree->linkSpeed(id);
+            }
+        });
+    }
     return m_linkSpeeds.value(key);
 }
 

@@ -21,6 +21,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QSettings;
@@ -95,6 +96,9 @@ public:
     void setNetworkConfigFactory(NetworkConfigFactory factory);
     // The adapter's link speed in bits per second, 1 Gbit/s when it cannot be read.
     double linkSpeed(FlatTreeItemID adapterId);
+    // Runs the call with one listing of the host's adapters for every link
+    // speed it reads: a listing reads every adapter's names from the PCI database.
+    void withOneAdapterListing(const std::function<void()>& call);
 
 public slots:
     virtual void clear();
@@ -131,6 +135,8 @@ private:
     void refreshAllRows();
     void markLostCameras(const QStringList& keys);
     double adapterBandwidth(const FlatTreeItem& adapter);
+    // Link speed in Mbit/s by IPv4 address, from one listing.
+    std::map<std::string, int32_t> listLinkSpeeds();
     SOptimizationResult optimizeCameras(const std::vector<FlatTreeItemID>& cameraIds, double budget);
     SOptimizationResult optimizeCamera(FlatTreeItemID id, double share, quint32 index);
     std::vector<FlatTreeItemID> servingOrder(const std::vector<FlatTreeItemID>& cameraIds);
@@ -150,6 +156,7 @@ private:
     QSignalMapper optimizeMapper;
     Core::Plugin::PluginManagerWeakPtr services;
     NetworkConfigFactory networkConfigFactory;
+    std::optional<std::map<std::string, int32_t>> m_linkSpeedListing;
     // Inter-packet delays as they were when the running optimisation began.
     std::map<FlatTreeItemID, qint64> m_delaysBeforeRun;
     bool m_optimizing = false;

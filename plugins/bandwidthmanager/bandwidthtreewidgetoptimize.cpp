@@ -18,6 +18,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QScopeGuard>
 #include <QThread>
 
 #include <algorithm>
@@ -113,13 +114,15 @@ void BandwidthTreeWidget::setNetworkConfigFactory(NetworkConfigFactory factory)
 void BandwidthTreeWidget::OptimizeAllGigE()
 {
     emit optimizeAllGigEStarted();
-    for (FlatTreeItemID id = 0; id < flatTree->size(); ++id) {
-        const FlatTreeItem& item = flatTree->item(id);
-        if (item.isAdapter && item.isGigE) {
-            optimizeGigEAdapter(id, false);
-            updateButtonState(id);
+    withOneAdapterListing([this] {
+        for (FlatTreeItemID id = 0; id < flatTree->size(); ++id) {
+            const FlatTreeItem& item = flatTree->item(id);
+            if (item.isAdapter && item.isGigE) {
+                optimizeGigEAdapter(id, false);
+                updateButtonState(id);
+            }
         }
-    }
+    });
 }
 
 void BandwidthTreeWidget::onOptimizeButton(int buttonId)
@@ -188,32 +191,47 @@ double BandwidthTreeWidget::linkSpeed(FlatTreeItemID adapterId)
     return adapterBandwidth(flatTree->item(adapterId));
 }
 
+void BandwidthTreeWidget::withOneAdapterListing(const std::function<void()>& call)
+{
+    // Nested (a tick during a run's event loop): the outer listing serves.
+    if (m_linkSpeedListing) {
+        call();
+        return;
+    }
+    try {
+        m_linkSpeedListing = listLinkSpeeds();
+    } catch (...) {
+        // Each read lists again and logs its own failure.
+    }
+    const auto forget = qScopeGuard([this] { m_linkSpeedListing.reset(); });
+    call();
+}
+
+std::map<std::string, int32_t> BandwidthTreeWidget::listLinkSpeeds()
+{
+    const std::unique_ptr<CfgApi::INetworkConfig> config =
+        networkConfigFactory ? networkConfigFactory() : CfgApi::CreateNetworkConfig();
+    if (!config)
+        throw GenICam_3_1_Dorvik_zenta::RuntimeException("Invalid network config received.", __FILE__, __LINE__);
+    std::map<std::string, int32_t> speeds;
+    for (const std::shared_ptr<CfgApi::INetworkAdapter>& adapter : config->GetNetworkAdapters()) {
+        for (const IPv4Configuration& ipv4 : adapter->GetIpv4Configurations())
+            speeds.emplace(ipv4.AddressText(), adapter->GetLinkSpeed());
+    }
+    return speeds;
+}
+
 double BandwidthTreeWidget::adapterBandwidth(const FlatTreeItem& adapter)
 {
     double speed = -1.0;
     try {
-        const std::unique_ptr<CfgApi::INetworkConfig> config =
-            networkConfigFactory ? networkConfigFactory() : CfgApi::CreateNetworkConfig();
-        if (!config)
-            throw GenICam_3_1_Dorvik_zenta::RuntimeException("Invalid network config received.", __FILE__, __LINE__);
-        const std::string address = adapter.key.toStdString();
-        std::shared_ptr<CfgApi::INetworkAdapter> found;
-        for (const std::shared_ptr<CfgApi::INetworkAdapter>& candidate : config->GetNetworkAdapters()) {
-            for (const IPv4Configuration& ipv4 : candidate->GetIpv4Configurations()) {
-                if (ipv4.AddressText() == address) {
-                    found = candidate;
-                    break;
-                }
-            }
-            if (found)
-                break;
-        }
-        if (!found)
+        const std::map<std::string, int32_t> speeds = m_linkSpeedListing ? *m_linkSpeedListing : listLinkSpeeds();
+        const auto found = speeds.find(adapter.key.toStdString());
+        if (found == speeds.end())
             throw GenICam_3_1_Dorvik_zenta::RuntimeException(
                 "Could not find a network adapter with the given IP address.", __FILE__, __LINE__);
-        const int32_t megabits = found->GetLinkSpeed();
-        if (megabits > 0)
-            speed = megabits * 1000.0 * 1000.0;
+        if (found->second > 0)
+            speed = found->second * 1000.0 * 1000.0;
     } catch (...) {
         logCurrentException("Unknown exception occurred while getting network configuration.");
     }
