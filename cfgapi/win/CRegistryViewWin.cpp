@@ -67,16 +67,18 @@ public:
     uint32_t Status() const { return m_status; }
     HKEY Handle() const { return m_key; }
 
+    uint32_t Counts(DWORD& subKeys, DWORD& values) const
+    {
+        if (m_status != 0)
+            return m_status;
+        return static_cast<uint32_t>(RegQueryInfoKeyW(m_key, nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr,
+                                                      &values, nullptr, nullptr, nullptr, nullptr));
+    }
+
 private:
     HKEY m_key = nullptr;
     uint32_t m_status;
 };
-
-uint32_t Counts(HKEY key, DWORD& subKeys, DWORD& values)
-{
-    return static_cast<uint32_t>(RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr,
-                                                  &values, nullptr, nullptr, nullptr, nullptr));
-}
 
 } // namespace
 
@@ -90,9 +92,7 @@ uint32_t CRegistryViewWin::SubKeys(const std::string& path, std::vector<std::str
     COpenKey key(path, false);
     DWORD subKeys = 0;
     DWORD values = 0;
-    if (key.Status() != 0)
-        return key.Status();
-    if (uint32_t status = Counts(key.Handle(), subKeys, values))
+    if (uint32_t status = key.Counts(subKeys, values))
         return status;
     names.clear();
     for (DWORD i = 0; i < subKeys; ++i) {
@@ -109,9 +109,7 @@ uint32_t CRegistryViewWin::Values(const std::string& path, std::vector<std::pair
     COpenKey key(path, false);
     DWORD subKeys = 0;
     DWORD count = 0;
-    if (key.Status() != 0)
-        return key.Status();
-    if (uint32_t status = Counts(key.Handle(), subKeys, count))
+    if (uint32_t status = key.Counts(subKeys, count))
         return status;
     values.clear();
     for (DWORD i = 0; i < count; ++i) {
