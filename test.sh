@@ -7,5 +7,10 @@ build=${BWM_BUILD_DIR:-build}
 ./scripts/configure.sh "$build" "$@"
 cmake --build "$build"
 ctest --test-dir "$build" -j2 --output-on-failure
+# The network layer cross-built for Windows; its tests run under Wine (label wine).
+win=${BWM_WIN_BUILD_DIR:-build-win}
+./scripts/configure-win.sh "$win" "$build"
+cmake --build "$win"
+ctest --test-dir "$win" -L wine -j2 --output-on-failure
 # The parsers of untrusted driver values and addresses under libFuzzer.
 ./scripts/fuzz.sh "${BWM_FUZZ_RUNS:-1000000}"

@@ -93,6 +93,8 @@ uint32_t CKernelAdapterListSource::List(std::vector<SPlatformAdapterEntry>& entr
         entry.description = Description(link.name, link.alias, link.type);
         entry.physicalAddress = PhysicalAddress(link);
         entry.operUp = IsUp(link);
+        entry.mtu = link.mtu;
+        entry.interfaceIndex = static_cast<uint32_t>(link.index);
         bool dynamic = false;
         // Primaries first, in dump order (the order they were added); secondaries after.
         for (int secondary = 0; secondary < 2; ++secondary) {

@@ -25,9 +25,4 @@ std::unique_ptr<INetworkConfig> CreateNetworkConfig()
     return std::unique_ptr<INetworkConfig>(new (std::nothrow) CNetworkConfig(std::move(platform)));
 }
 
-std::string GetVersion()
-{
-    return "1.0.0.0";
-}
-
 } // namespace CfgApi

@@ -25,6 +25,8 @@ struct SPlatformAdapterEntry
     std::vector<SUnicastAddress> unicastAddresses;   // in the system's order
     uint64_t receiveLinkSpeed = UINT64_MAX;           // bit/s; UINT64_MAX when unknown
     bool dhcpEnabled = false;
+    uint32_t mtu = 0;
+    uint32_t interfaceIndex = 0;
 };
 
 } // namespace Baselibs
