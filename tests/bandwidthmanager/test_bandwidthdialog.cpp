@@ -32,6 +32,7 @@
 #include <QTest>
 
 #include <memory>
+#include <tuple>
 
 using namespace HostFakes;
 
@@ -41,6 +42,9 @@ const QString InfoIcon = QStringLiteral(":/zentaviewercomponents/Resources/Info_
 const QString WarningIcon = QStringLiteral(":/zentaviewercomponents/Resources/Warning_16_black.png");
 const QString ErrorIcon = QStringLiteral(":/zentaviewercomponents/Resources/Error_16.png");
 const QString GeneralHintStart = QStringLiteral("The <b>Bandwidth (MB/s)</b> value of GigE cameras");
+const QString RunningHint = QStringLiteral("Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera "
+                                           "using the controls in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop "
+                                           "Analysis</b> to stop the analysis.");
 
 // A tree whose rows are scripted; it records what the dialog asks of it.
 class CScriptedTree : public BandwidthTreeWidget
@@ -77,19 +81,12 @@ public:
     void startAcquisition() override { record(QStringLiteral("startAcquisition")); }
     void stopAcquisition() override
     {
-        record(QStringLiteral("stopAcquisition"));
-        if (failToStop)
+        if (record(QStringLiteral("stopAcquisition")) && failToStop)
             throw Core::Exception::BaseException(QStringLiteral("camera gone"));
     }
     bool failToStop = false;
     void updateSamples() override { ++sampleCount; }
-
-private:
-    bool record(const QString& call)
-    {
-        calls.append(call);
-        return true;
-    }
+    bool record(const QString& call) { return calls.append(call), true; }
 };
 
 QImage expectedIcon(const QString& path)
@@ -124,10 +121,21 @@ protected:
 
     static void storeSetting(const char* key, const QVariant& value)
     {
-        if (!value.isValid())
-            return;
-        QSettings settings;
-        settings.setValue(QStringLiteral("BandwidthManager/") + QLatin1String(key), value);
+        if (value.isValid())
+            QSettings().setValue(QStringLiteral("BandwidthManager/") + QLatin1String(key), value);
+    }
+    // A scripted tree of cameras of which `measured` are measured.
+    CScriptedTree* treeOf(size_t cameras, size_t measured = 0)
+    {
+        auto* tree = new CScriptedTree;
+        tree->cameras = cameras;
+        tree->measured = measured;
+        return tree;
+    }
+    QString hintText(const std::unique_ptr<BandwidthDialog>& dialog) { return widget<QLabel>(dialog, "labelHintText")->text(); }
+    QImage icon(const std::unique_ptr<BandwidthDialog>& dialog, const char* name)
+    {
+        return widget<QLabel>(dialog, name)->pixmap(Qt::ReturnByValue).toImage();
     }
 
     template <typename T>
@@ -261,11 +269,8 @@ class ButtonStates : public BandwidthDialogTest, public ::testing::WithParamInte
 TEST_P(ButtonStates, FollowRowsAndRunState)
 {
     const SButtonCase& c = GetParam();
-    auto* tree = new CScriptedTree;
-    tree->cameras = c.cameras;
-    tree->measured = c.measured;
     storeSetting("StopAfterActive", c.stopAfter ? 1 : 0);
-    const auto dialog = makeDialog(tree);
+    const auto dialog = makeDialog(treeOf(c.cameras, c.measured));
     if (c.running)
         dialog->onStartStopClicked();
 
@@ -312,9 +317,7 @@ class HintLine : public BandwidthDialogTest, public ::testing::WithParamInterfac
 TEST_P(HintLine, FirstMatchingRuleWins)
 {
     const SHintCase& c = GetParam();
-    auto* tree = new CScriptedTree;
-    tree->cameras = c.cameras;
-    tree->measured = c.measured < 0 ? c.cameras : size_t(c.measured);
+    auto* tree = treeOf(c.cameras, c.measured < 0 ? c.cameras : size_t(c.measured));
     tree->softwareTriggered = c.software;
     tree->hardwareTriggered = c.hardware;
     tree->kind = c.kind;
@@ -324,14 +327,11 @@ TEST_P(HintLine, FirstMatchingRuleWins)
     if (c.running)
         dialog->onStartStopClicked();
 
-    const QString text = widget<QLabel>(dialog, "labelHintText")->text();
-    if (c.text.endsWith(QLatin1String("...")))
-        EXPECT_TRUE(text.startsWith(c.text.chopped(3))) << text.toStdString();
-    else
-        EXPECT_EQ(text, c.text);
-    const QImage expected = expectedIcon(c.icon);
-    ASSERT_FALSE(expected.isNull()) << c.icon.toStdString();
-    EXPECT_EQ(widget<QLabel>(dialog, "labelHintIcon")->pixmap(Qt::ReturnByValue).toImage(), expected);
+    const QString text = hintText(dialog);
+    EXPECT_TRUE(c.text.endsWith(QLatin1String("...")) ? text.startsWith(c.text.chopped(3)) : text == c.text)
+        << text.toStdString();
+    ASSERT_FALSE(expectedIcon(c.icon).isNull()) << c.icon.toStdString();
+    EXPECT_EQ(icon(dialog, "labelHintIcon"), expectedIcon(c.icon));
     EXPECT_TRUE(widget<QLabel>(dialog, "labelHintText2")->isHidden());
 }
 
@@ -349,14 +349,10 @@ INSTANTIATE_TEST_SUITE_P(
                   "Hardware trigger enabled on Cam C!"},
         SHintCase{"trigger_warning_stays_while_running", 1, {}, {"Cam C"}, true, 0, -1, WarningIcon,
                   "Hardware trigger enabled on Cam C!"},
-        SHintCase{"running", 1, {}, {}, true, 2, 5000000, InfoIcon,
-                  "Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera using the controls "
-                  "in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop Analysis</b> to stop the analysis."},
+        SHintCase{"running", 1, {}, {}, true, 2, 5000000, InfoIcon, RunningHint},
         // Every measured camera was lost during the analysis.
         SHintCase{"running_with_nothing_measured", 1, {}, {}, true, 2, -1, InfoIcon,
-                  "Analyzing bandwidth.<br/>You can limit the amount of bandwidth used by a camera using the controls "
-                  "in the <b>Bandwidth (MB/s)</b> column.<br/>Click <b>Stop Analysis</b> to stop the analysis."
-                  "<br/><br/><b>No camera is being measured.</b> A camera lost during the analysis is measured again "
+                  RunningHint + "<br/><br/><b>No camera is being measured.</b> A camera lost during the analysis is measured again "
                   "when it comes back.",
                   0},
         SHintCase{"camera_with_a_limit", 1, {}, {}, false, 2, 5000000, InfoIcon,
@@ -365,18 +361,6 @@ INSTANTIATE_TEST_SUITE_P(
         SHintCase{"adapter_row", 1, {}, {}, false, 3, 5000000, InfoIcon, GeneralHintStart + "..."}),
     [](const ::testing::TestParamInfo<SHintCase>& info) { return std::string(info.param.name); });
 
-struct SResultCase
-{
-    const char* name;
-    bool packetSize;
-    bool interPacketDelay;
-    bool frameTransmissionDelay;
-    bool limited;
-    bool tooMany;
-    bool defaulted;
-    const char* text;
-};
-
 const char MaximumRemark[] = "<br>The <b>Packet Size</b> setting has been increased to its maximum value. If you want "
                              "to increase performance further, enable jumbo frames on your network adapter.";
 const char TooManyRemark[] = "<br>Currently, there are too many cameras connected to your network adapter. The "
@@ -384,6 +368,16 @@ const char TooManyRemark[] = "<br>Currently, there are too many cameras connecte
                              "disconnecting one or more cameras to resolve this.";
 const char DefaultRemark[] =
     "<br>The <b>Packet Size</b> setting could not be optimized. A default value of 1500 has been set.";
+const char NothingChanged[] = "Settings have been checked and are ok. No changes have been made.";
+
+struct SResultCase
+{
+    const char* name;
+    bool packetSize, interPacketDelay, frameTransmissionDelay, limited, tooMany, defaulted;
+    QString text;
+    QStringList unsetCameras = {};
+    QString icon = InfoIcon;
+};
 
 class ResultLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SResultCase>
 {
@@ -392,8 +386,7 @@ class ResultLine : public BandwidthDialogTest, public ::testing::WithParamInterf
 TEST_P(ResultLine, NamesWhatTheOptimizationChanged)
 {
     const SResultCase& c = GetParam();
-    auto* tree = new CScriptedTree;
-    tree->cameras = 1;
+    auto* tree = treeOf(1);
     const auto dialog = makeDialog(tree);
     BandwidthTreeWidget::SOptimizationResult result;
     result.packetSizeChanged = c.packetSize;
@@ -402,12 +395,13 @@ TEST_P(ResultLine, NamesWhatTheOptimizationChanged)
     result.packetSizeLimited = c.limited;
     result.tooManyCameras = c.tooMany;
     result.packetSizeDefaulted = c.defaulted;
+    result.unsetCameras = c.unsetCameras;
     emit tree->optimizedGigECamera(result);
 
     const auto* line = widget<QLabel>(dialog, "labelHintText2");
     EXPECT_FALSE(line->isHidden());
-    EXPECT_EQ(line->text(), QString::fromUtf8(c.text));
-    EXPECT_EQ(widget<QLabel>(dialog, "labelHintIcon2")->pixmap(Qt::ReturnByValue).toImage(), expectedIcon(InfoIcon));
+    EXPECT_EQ(line->text(), c.text);
+    EXPECT_EQ(icon(dialog, "labelHintIcon2"), expectedIcon(c.icon));
 
     // The next hint update, here from a ticked camera, clears the result.
     emit tree->cameraChecked(4, {}, Qt::Checked);
@@ -432,52 +426,18 @@ INSTANTIATE_TEST_SUITE_P(
                     "The <b>Inter-Packet Delay</b> setting has been optimized"},
         SResultCase{"frame_transmission_delay", false, false, true, false, false, false,
                     "The <b>Frame Transmission Delay</b> setting has been optimized"},
-        SResultCase{"nothing_changed", false, false, false, false, false, false,
-                    "Settings have been checked and are ok. No changes have been made."},
-        SResultCase{"packet_size_at_its_maximum", true, false, false, true, false, false,
-                    "The <b>Packet Size</b> setting has been optimized<br>The <b>Packet Size</b> setting has been "
-                    "increased to its maximum value. If you want to increase performance further, enable jumbo frames "
-                    "on your network adapter."},
-        SResultCase{"too_many_cameras", false, true, false, false, true, false,
-                    "The <b>Inter-Packet Delay</b> setting has been optimized<br>Currently, there are too many cameras "
-                    "connected to your network adapter. The Bandwidth Manager can't optimize the performance under "
-                    "these conditions. Try disconnecting one or more cameras to resolve this."},
-        SResultCase{"packet_size_defaulted", false, false, false, false, false, true,
-                    "Settings have been checked and are ok. No changes have been made.<br>The <b>Packet Size</b> "
-                    "setting could not be optimized. A default value of 1500 has been set."}),
+        SResultCase{"nothing_changed", false, false, false, false, false, false, NothingChanged},
+        SResultCase{"remarks_follow_in_their_order", false, false, false, true, true, true,
+                    QString(NothingChanged) + MaximumRemark + TooManyRemark + DefaultRemark},
+        SResultCase{"cameras_that_could_not_be_set_are_named_with_a_warning", false, true, false, false, false, false,
+                    "The <b>Inter-Packet Delay</b> setting has been optimized<br>These cameras did not answer and could "
+                    "not be set: cam&lt;2&gt;, cam3",
+                    {"cam<2>", "cam3"}, WarningIcon}),
     [](const ::testing::TestParamInfo<SResultCase>& info) { return std::string(info.param.name); });
-
-TEST_F(BandwidthDialogTest, ResultLineNamesCamerasThatCouldNotBeSetWithAWarning)
-{
-    auto* tree = new CScriptedTree;
-    tree->cameras = 2;
-    const auto dialog = makeDialog(tree);
-    BandwidthTreeWidget::SOptimizationResult result;
-    result.interPacketDelayChanged = true;
-    result.unsetCameras = QStringList{QStringLiteral("cam<2>"), QStringLiteral("cam3")};
-    emit tree->optimizedGigECamera(result);
-
-    EXPECT_EQ(widget<QLabel>(dialog, "labelHintText2")->text(),
-              QStringLiteral("The <b>Inter-Packet Delay</b> setting has been optimized<br>These cameras did not answer "
-                             "and could not be set: cam&lt;2&gt;, cam3"));
-    EXPECT_EQ(widget<QLabel>(dialog, "labelHintIcon2")->pixmap(Qt::ReturnByValue).toImage(), expectedIcon(WarningIcon));
-}
-
-TEST_F(BandwidthDialogTest, RemarksFollowInTheirOrder)
-{
-    auto* tree = new CScriptedTree;
-    const auto dialog = makeDialog(tree);
-    BandwidthTreeWidget::SOptimizationResult result;
-    result.packetSizeDefaulted = result.tooManyCameras = result.packetSizeLimited = true;
-    emit tree->optimizedGigECamera(result);
-    EXPECT_EQ(widget<QLabel>(dialog, "labelHintText2")->text(),
-              QStringLiteral("Settings have been checked and are ok. No changes have been made.") + MaximumRemark
-                  + TooManyRemark + DefaultRemark);
-}
 
 TEST_F(BandwidthDialogTest, CheckStatesStartAndStopCameras)
 {
-    auto* tree = new CScriptedTree;
+    auto* tree = treeOf(0);
     const auto dialog = makeDialog(tree);
     emit tree->cameraChecked(3, {}, Qt::Checked);
     emit tree->cameraChecked(3, {}, Qt::PartiallyChecked);
@@ -490,8 +450,7 @@ TEST_F(BandwidthDialogTest, StopAfterOneSecondEndsTheAnalysisWithItsLogLines)
     const auto messageLog = addService<CFakeMessageLogService>();
     storeSetting("StopAfterValue", 1);
     storeSetting("StopAfterActive", 1);
-    auto* tree = new CScriptedTree;
-    tree->cameras = tree->measured = 1;
+    auto* tree = treeOf(1, 1);
     const auto dialog = makeDialog(tree);
     Core::Logging::CLogCapture log;
 
@@ -502,14 +461,12 @@ TEST_F(BandwidthDialogTest, StopAfterOneSecondEndsTheAnalysisWithItsLogLines)
     EXPECT_EQ(tree->calls, (QStringList{"startAcquisition", "stopAcquisition"}));
     EXPECT_GE(tree->sampleCount, 2);
     EXPECT_TRUE(widget<QPushButton>(dialog, "btnStop")->isHidden());
-    EXPECT_TRUE(widget<QLabel>(dialog, "labelHintText")->text().startsWith(GeneralHintStart));
+    EXPECT_TRUE(hintText(dialog).startsWith(GeneralHintStart));
     EXPECT_EQ(log.texts(), (QStringList{"Bandwidth analysis has been started.", "Stop Bandwidth analysis."}));
     ASSERT_EQ(messageLog->messages().size(), 2);
-    for (const auto& message : messageLog->messages()) {
-        EXPECT_EQ(message.severity, 1);
-        EXPECT_EQ(message.source, QStringLiteral("Bandwidth Manager"));
-        EXPECT_TRUE(message.timestamp.isNull());
-    }
+    for (const auto& message : messageLog->messages())
+        EXPECT_EQ(std::make_tuple(message.severity, message.source, message.timestamp.isNull()),
+                  std::make_tuple(1, QStringLiteral("Bandwidth Manager"), true));
     EXPECT_EQ(messageLog->messages().at(1).message, QStringLiteral("Stop Bandwidth analysis."));
 }
 
@@ -517,8 +474,7 @@ TEST_F(BandwidthDialogTest, AStopThatFailsStillEndsTheAnalysisAndItsTimers)
 {
     storeSetting("StopAfterValue", 1);
     storeSetting("StopAfterActive", 1);
-    auto* tree = new CScriptedTree;
-    tree->cameras = tree->measured = 1;
+    auto* tree = treeOf(1, 1);
     tree->failToStop = true;
     const auto dialog = makeDialog(tree);
     widget<QPushButton>(dialog, "btnStart")->click();
@@ -536,29 +492,29 @@ TEST_F(BandwidthDialogTest, HintsAndButtonsFollowEveryRebuildOfTheTree)
 {
     const auto enumeration = addService<CFakeCameraEnumerationService>();
     addService<CFakeCameraStatusService>();
-    auto* tree = new CScriptedTree;
+    auto* tree = treeOf(0);
     const auto dialog = makeDialog(tree);
-    ASSERT_TRUE(widget<QLabel>(dialog, "labelHintText")->text().startsWith(QStringLiteral("No camera connected!")));
+    ASSERT_TRUE(hintText(dialog).startsWith(QStringLiteral("No camera connected!")));
     EXPECT_FALSE(widget<QPushButton>(dialog, "btnStart")->isEnabled());
 
     tree->cameras = tree->measured = 1;
     emit enumeration->enumerationChanged();
-    EXPECT_TRUE(widget<QLabel>(dialog, "labelHintText")->text().startsWith(GeneralHintStart));
+    EXPECT_TRUE(hintText(dialog).startsWith(GeneralHintStart));
     EXPECT_TRUE(widget<QPushButton>(dialog, "btnStart")->isEnabled());
 }
 
 TEST_F(BandwidthDialogTest, TreeErrorsGoToBothLogsWithoutTheirTimestamp)
 {
     const auto messageLog = addService<CFakeMessageLogService>();
-    auto* tree = new CScriptedTree;
+    auto* tree = treeOf(0);
     const auto dialog = makeDialog(tree);
     Core::Logging::CLogCapture log;
     emit tree->errorOccurred(QStringLiteral("cam-key"), QStringLiteral("Error accessing camera!"),
                              QDateTime::currentDateTime());
     ASSERT_EQ(messageLog->messages().size(), 1);
-    EXPECT_EQ(messageLog->messages().at(0).severity, 3);
-    EXPECT_EQ(messageLog->messages().at(0).source, QStringLiteral("cam-key"));
-    EXPECT_TRUE(messageLog->messages().at(0).timestamp.isNull());
+    const auto& message = messageLog->messages().at(0);
+    EXPECT_EQ(std::make_tuple(message.severity, message.source, message.timestamp.isNull()),
+              std::make_tuple(3, QStringLiteral("cam-key"), true));
     ASSERT_EQ(log.entries().size(), 1);
     EXPECT_EQ(log.entries().at(0).level, Core::Logging::LogLevelError);
     EXPECT_EQ(log.entries().at(0).categoryName, QStringLiteral("zenta.viewer.plugins.bandwidthManager.dialog"));
@@ -594,7 +550,7 @@ TEST_P(GigEOfferAndPreselection, FollowTheCurrentDevice)
 
     CModalResponder responder;
     responder.expect(CModalResponder::clickButtonWithText(QStringLiteral("Optimize GigE Bandwidth")));
-    auto* tree = new CScriptedTree;
+    auto* tree = treeOf(0);
     const auto dialog = makeDialog(tree);
     EXPECT_EQ(responder.seen(), c.offered ? QStringList{"MessageBoxCheckable"} : QStringList{});
     EXPECT_EQ(tree->calls, c.calls);
@@ -660,10 +616,6 @@ TEST_F(BandwidthDialogTest, F1TriggersAnEnabledHelpAction)
     QTest::keyClick(dialog.get(), Qt::Key_F1, Qt::ShiftModifier);
     EXPECT_EQ(triggered.count(), 1);
 }
-
-} // namespace
-
-namespace {
 
 TEST_F(BandwidthDialogTest, ExportWritesTheReportAndItsCsvOrSaysWhyNot)
 {

@@ -124,8 +124,6 @@ TEST_F(DelegateRow, configureColumnGetsTheButtonOnlyForACamera)
     QWidget* editor = delegate.createEditor(&parent, option, cell());
     auto* button = qobject_cast<CameraConfigurationEditor*>(editor);
     ASSERT_NE(button, nullptr);
-    EXPECT_EQ(button->width(), 180);
-    EXPECT_EQ(button->text(), QStringLiteral("..."));
 
     QSignalSpy commits(&delegate, SIGNAL(commitData(QWidget*)));
     emit button->configureDialogClosed();

@@ -69,67 +69,53 @@ TEST_F(ScriptedGigECamera, slowestEndThatRoundsToNothingGivesAMinimumOf1)
 struct SWishCase
 {
     const char* scenario;
+    qint64 startDelay;
+    qint64 capAfterOpening; // what the camera sends at most once the editor is open
     int wish;
+    int minWrites;
+    int maxWrites;
+    qint64 delayAfter; // -1: whichever meets the wish within 1 MB/s
+    int shown;
 };
 
 class LimiterWish : public ScriptedGigECamera, public ::testing::WithParamInterface<SWishCase>
 {
 };
 
-TEST_P(LimiterWish, userWishIsMetWithin1MBInAtMost32Writes)
+TEST_P(LimiterWish, isMetWithin1MBOrEndsAtTheSmallestDelay)
 {
+    const SWishCase& c = GetParam();
+    parameters->setValue(kDelay, c.startDelay);
     BandwidthLimiterInterPacketDelay limiter(parameters);
+    frameRateCap = c.capAfterOpening;
     const int writesBefore = writes();
 
-    limiter.slider()->setValue(GetParam().wish);
+    // The user's slider; setValue where the slider would not move.
+    c.minWrites > 0 ? limiter.slider()->setValue(c.wish) : limiter.setValue(c.wish);
 
-    EXPECT_LE(std::abs(megabytes(throughput()) - GetParam().wish), 1);
-    EXPECT_LE(std::abs(limiter.value() - GetParam().wish), 1);
-    EXPECT_GT(writes() - writesBefore, 0);
-    EXPECT_LE(writes() - writesBefore, 32);
+    if (c.delayAfter < 0) {
+        EXPECT_LE(std::abs(megabytes(throughput()) - c.wish), 1);
+    } else {
+        EXPECT_EQ(delay(), c.delayAfter);
+    }
+    EXPECT_LE(std::abs(limiter.value() - c.shown), c.delayAfter < 0 ? 1 : 0);
+    EXPECT_GE(writes() - writesBefore, c.minWrites);
+    EXPECT_LE(writes() - writesBefore, c.maxWrites);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Wishes, LimiterWish,
-    ::testing::Values(SWishCase{"below_the_current_rate", 40}, SWishCase{"near_the_slow_end", 5},
-                      SWishCase{"above_the_current_rate", 110}, SWishCase{"at_the_fast_end", 125}),
+    ::testing::Values(SWishCase{"below_the_current_rate", 1000, 1000000000, 40, 1, 32, -1, 40},
+                      SWishCase{"near_the_slow_end", 1000, 1000000000, 5, 1, 32, -1, 5},
+                      SWishCase{"above_the_current_rate", 1000, 1000000000, 110, 1, 32, -1, 110},
+                      SWishCase{"at_the_fast_end", 1000, 1000000000, 125, 1, 32, -1, 125},
+                      SWishCase{"equal_to_the_current_rounded_rate_writes_nothing", 1000, 1000000000, 83, 0, 0, 1000, 83},
+                      SWishCase{"unreachable_ends_at_the_smallest_delay_showing_what_it_sends", 1000, 60000000, 100, 1,
+                                32, 0, 60},
+                      // Reached exactly at some delay below 2167; the camera sends as much at 0.
+                      SWishCase{"camera_at_its_own_limit_is_left_at_the_smallest_delay", 50000, 60000000, 60, 1, 32, 0,
+                                60}),
     [](const ::testing::TestParamInfo<SWishCase>& info) { return std::string(info.param.scenario); });
-
-TEST_F(ScriptedGigECamera, wishEqualToTheCurrentRoundedRateWritesNothing)
-{
-    BandwidthLimiterInterPacketDelay limiter(parameters);
-    const int writesBefore = writes();
-
-    limiter.setValue(83);
-
-    EXPECT_EQ(writes(), writesBefore);
-    EXPECT_EQ(delay(), 1000);
-    EXPECT_EQ(limiter.value(), 83);
-}
-
-TEST_F(ScriptedGigECamera, unreachableWishLeavesTheCameraAtTheSmallestDelayShowingWhatItSends)
-{
-    BandwidthLimiterInterPacketDelay limiter(parameters);
-    frameRateCap = 60000000; // the camera now sends no more than 60 MB/s
-
-    limiter.setValue(100);
-
-    EXPECT_EQ(delay(), 0);
-    EXPECT_EQ(limiter.value(), 60);
-}
-
-TEST_F(ScriptedGigECamera, cameraAtItsOwnLimitIsLeftAtTheSmallestDelay)
-{
-    parameters->setValue(kDelay, 50000);
-    BandwidthLimiterInterPacketDelay limiter(parameters);
-    frameRateCap = 60000000;
-
-    // Reached exactly at some delay below 2167; the camera sends as much at 0.
-    limiter.setValue(60);
-
-    EXPECT_EQ(delay(), 0);
-    EXPECT_EQ(limiter.value(), 60);
-}
 
 TEST_F(ScriptedGigECamera, failingWriteEndsTheSearchWhereTheCameraIs)
 {

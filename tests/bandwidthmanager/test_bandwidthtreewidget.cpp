@@ -1,19 +1,12 @@
+#include "SFakeCameraHost.h"
 #include "analysissession.h"
 #include "bandwidthhistoryplot.h"
 #include "bandwidthtreewidget.h"
 #include "flattree.h"
 
-#include <host/fakes/CFakeCameraControlService.h>
-#include <host/fakes/CFakeCameraEnumerationService.h>
-#include <host/fakes/CFakeCameraInfo.h>
-#include <host/fakes/CFakeCameraStatusService.h>
-#include <host/fakes/CFakeParameterService.h>
-#include <parameters/fakes/CScriptedParameterCollection.h>
 #include <usbtopology/fakes/CFakeTopologySource.h>
 
 #include <Core/Exception/BaseException.h>
-#include <Core/Logging/Logging.h>
-#include <Core/Plugin/CPluginManager.h>
 
 #include <gtest/gtest.h>
 
@@ -32,16 +25,11 @@ namespace {
 const CameraInfoPtr g1 = CFakeCameraInfo::create("G1", "gev-1", "GEV", {{"Interface", "192.0.2.7"}});
 const CameraInfoPtr g2 = CFakeCameraInfo::create("G2", "gev-2", "GEV", {{"Interface", "192.0.2.7"}});
 
-class TreeWidgetTest : public ::testing::Test
+class TreeWidgetTest : public ::testing::Test, public SFakeCameraHost
 {
 public:
     void SetUp() override
     {
-        Core::Logging::setStderrEnabled(false);
-        for (const Core::Service::ServicePtr& service :
-             {Core::Service::ServicePtr(enumeration), Core::Service::ServicePtr(status),
-              Core::Service::ServicePtr(control), Core::Service::ServicePtr(parameters)})
-            manager->addService(service);
         collection->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
         collection->addFloat(QStringLiteral("ResultingFrameRate"), 25.0, 0.0, 1000.0, "RO");
         parameters->setDefaultCollection(collection);
@@ -57,8 +45,6 @@ public:
                              state == Qt::Checked ? tree.startCamera(id) : tree.stopCamera(id);
                          });
     }
-    void TearDown() override { Core::Logging::setStderrEnabled(true); }
-
     FlatTreeItem& item(const QString& key) { return tree.model()->item(tree.model()->findByKey(key)); }
     QTreeWidgetItem* row(const QString& key) { return item(key).row; }
     QPushButton* optimizeButton(const QString& adapterKey)
@@ -66,11 +52,6 @@ public:
         return qobject_cast<QPushButton*>(tree.itemWidget(row(adapterKey), 1));
     }
 
-    Core::Plugin::PluginManagerPtr manager = Core::Plugin::PluginManagerPtr::create();
-    QSharedPointer<CFakeCameraEnumerationService> enumeration = QSharedPointer<CFakeCameraEnumerationService>::create();
-    QSharedPointer<CFakeCameraStatusService> status = QSharedPointer<CFakeCameraStatusService>::create();
-    QSharedPointer<CFakeCameraControlService> control = QSharedPointer<CFakeCameraControlService>::create();
-    QSharedPointer<CFakeParameterService> parameters = QSharedPointer<CFakeParameterService>::create();
     QSharedPointer<ParameterFakes::CScriptedParameterCollection> collection =
         QSharedPointer<ParameterFakes::CScriptedParameterCollection>::create();
     std::shared_ptr<usbtopology::fakes::SFakeTopologyScript> script =
@@ -78,20 +59,14 @@ public:
     BandwidthTreeWidget tree;
 };
 
-TEST_F(TreeWidgetTest, refreshTreeKeepsEveryExceptionFromTheEventLoop)
+TEST_F(TreeWidgetTest, refreshTreeKeepsEveryExceptionFromTheEventLoopAndAnEmptyPoolShowsNothing)
 {
     for (const std::function<void()>& raise : std::vector<std::function<void()>>{
              [] { throw Core::Exception::BaseException(QStringLiteral("pool gone")); },
-             [] { throw std::runtime_error("pool gone"); },
-             [] { throw 7; }}) {
+             [] { throw std::runtime_error("pool gone"); }, [] { throw 7; }, [] {}}) {
         enumeration->beforeListing = raise;
         EXPECT_NO_THROW(tree.refreshTree());
     }
-}
-
-TEST_F(TreeWidgetTest, emptyBuildShowsNothing)
-{
-    tree.refreshTree();
     QCoreApplication::processEvents();
     EXPECT_EQ(tree.topLevelItemCount(), 0);
     EXPECT_EQ(tree.model()->size(), 1u);
@@ -216,17 +191,6 @@ struct SStartFailureCase
 
 class StartFailure : public TreeWidgetTest, public ::testing::WithParamInterface<SStartFailureCase>
 {
-public:
-    static void failSampleReads(TreeWidgetTest& test)
-    {
-        test.collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100);
-    }
-    static void refuseOpen(TreeWidgetTest& test) { test.control->setOpenFails("gev-1"); }
-    static void refuseGrab(TreeWidgetTest& test)
-    {
-        test.control->setGrabFails("gev-1");
-        test.tree.startAcquisition();
-    }
 };
 
 TEST_P(StartFailure, marksTheRowAndReportsTheError)
@@ -253,12 +217,19 @@ TEST_P(StartFailure, marksTheRowAndReportsTheError)
 INSTANTIATE_TEST_SUITE_P(
     Start, StartFailure,
     ::testing::Values(
-        SStartFailureCase{"camera_that_will_not_open", StartFailure::refuseOpen, 1,
+        SStartFailureCase{"camera_that_will_not_open", [](TreeWidgetTest& t) { t.control->setOpenFails("gev-1"); }, 1,
                           "Error accessing camera! (Could not create camera)"},
-        SStartFailureCase{"second_start_of_a_camera_whose_sample_fails", StartFailure::failSampleReads, 2,
-                          "Error accessing camera! (Failed to get sample)"},
-        SStartFailureCase{"grab_that_will_not_start_during_an_analysis", StartFailure::refuseGrab, 1,
-                          "Error accessing camera! (Could not start grab.)"}),
+        SStartFailureCase{"second_start_of_a_camera_whose_sample_fails",
+                          [](TreeWidgetTest& t) {
+                              t.collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100);
+                          },
+                          2, "Error accessing camera! (Failed to get sample)"},
+        SStartFailureCase{"grab_that_will_not_start_during_an_analysis",
+                          [](TreeWidgetTest& t) {
+                              t.control->setGrabFails("gev-1");
+                              t.tree.startAcquisition();
+                          },
+                          1, "Error accessing camera! (Could not start grab.)"}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
 class ConnectionLoss : public TreeWidgetTest, public ::testing::WithParamInterface<bool>

@@ -13,46 +13,34 @@
 
 namespace {
 
-struct SSnapCase
+// Values land on the grid that starts at the minimum, from the user's slider as from setValue.
+TEST(ComboSlider, userMovesAndSetValueLandOnTheGrid)
 {
-    const char* scenario;
-    int minimum;
-    int maximum;
-    int step;
-    int input;
-    int expected;
-};
+    const struct
+    {
+        const char* scenario;
+        int minimum, maximum, step, input, expected;
+    } cases[] = {{"step 5 from 1 puts 8 on 6", 1, 125, 5, 8, 6},
+                 {"value on the grid stays", 1, 125, 5, 11, 11},
+                 {"step 0 keeps an off-grid value", 1, 125, 0, 8, 8},
+                 {"step 0 only clamps to the maximum", 1, 125, 0, 300, 125},
+                 {"grid starts at the minimum not at 0", 3, 100, 10, 27, 23}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.scenario);
+        ComboSlider combo;
+        combo.setRangeAndStep(c.minimum, c.maximum, c.step);
+        combo.setValue(c.input);
+        EXPECT_EQ(combo.value(), c.expected);
+        EXPECT_EQ(combo.spinBox()->value(), c.expected);
 
-class ComboSliderSnapping : public ::testing::TestWithParam<SSnapCase>
-{
-};
-
-TEST_P(ComboSliderSnapping, userMovesAndSetValueLandOnTheGrid)
-{
-    const SSnapCase& c = GetParam();
-    ComboSlider combo;
-    combo.setRangeAndStep(c.minimum, c.maximum, c.step);
-
-    combo.setValue(c.input);
-    EXPECT_EQ(combo.value(), c.expected);
-    EXPECT_EQ(combo.spinBox()->value(), c.expected);
-
-    combo.setValue(c.expected == c.minimum ? c.maximum : c.minimum);
-    QSignalSpy spy(&combo, SIGNAL(valueChanged(int)));
-    combo.slider()->setValue(c.input);
-    ASSERT_EQ(spy.count(), 1);
-    EXPECT_EQ(spy.at(0).at(0).toInt(), c.expected);
-    EXPECT_EQ(combo.spinBox()->value(), c.expected);
+        combo.setValue(c.expected == c.minimum ? c.maximum : c.minimum);
+        QSignalSpy spy(&combo, SIGNAL(valueChanged(int)));
+        combo.slider()->setValue(c.input);
+        ASSERT_EQ(spy.count(), 1);
+        EXPECT_EQ(spy.at(0).at(0).toInt(), c.expected);
+        EXPECT_EQ(combo.spinBox()->value(), c.expected);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Grid, ComboSliderSnapping,
-    ::testing::Values(SSnapCase{"step_5_from_1_puts_8_on_6", 1, 125, 5, 8, 6},
-                      SSnapCase{"value_on_the_grid_stays", 1, 125, 5, 11, 11},
-                      SSnapCase{"step_0_keeps_an_off_grid_value", 1, 125, 0, 8, 8},
-                      SSnapCase{"step_0_only_clamps_to_the_maximum", 1, 125, 0, 300, 125},
-                      SSnapCase{"grid_starts_at_the_minimum_not_at_0", 3, 100, 10, 27, 23}),
-    [](const ::testing::TestParamInfo<SSnapCase>& info) { return std::string(info.param.scenario); });
 
 TEST(ComboSlider, typedValueAboveTheMaximumIsSentOnceAsTheMaximum)
 {

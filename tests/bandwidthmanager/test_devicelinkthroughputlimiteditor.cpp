@@ -105,28 +105,28 @@ TEST(DeviceLinkEditor, changeOnTheCameraMovesTheSliderWithoutWritingBack)
     EXPECT_EQ(parameters->writeCount(kLimit), 0);
 }
 
-TEST(DeviceLinkEditor, sliderChangeWritesTheNearestValidValue)
+// The slider moves in whole MB/s, setValue takes bytes per second; both write the nearest valid value.
+TEST(DeviceLinkEditor, sliderAndSetValueWriteTheNearestValidValue)
 {
-    auto parameters = QSharedPointer<CScriptedParameterCollection>::create();
-    // Valid values are 1.0, 1.3, 1.6, 1.9, 2.2 ... MB/s; the slider steps by whole MB/s.
-    parameters->addInteger(kLimit, 1000000, 1000000, 400000000, 300000);
-    DeviceLinkThroughputLimitEditor editor(parameters);
-
-    editor.slider()->setValue(2);
-
-    EXPECT_EQ(parameters->writtenValues(kLimit), (QVariantList{1900000}));
-}
-
-TEST(DeviceLinkEditor, setValueTakesBytesPerSecondAndWrites)
-{
-    auto parameters = QSharedPointer<CScriptedParameterCollection>::create();
-    parameters->addInteger(kLimit, 1000000, 1000000, 400000000);
-    DeviceLinkThroughputLimitEditor editor(parameters);
-
-    editor.setValue(87600000);
-
-    EXPECT_EQ(editor.value(), 88);
-    EXPECT_EQ(parameters->writtenValues(kLimit), (QVariantList{88000000}));
+    const struct
+    {
+        const char* scenario;
+        qint64 increment;
+        bool slider;
+        int input;
+        int shown;
+        qint64 written;
+    } cases[] = {{"slider on a grid of 0.3 MB/s from 1.0", 300000, true, 2, 2, 1900000},
+                 {"setValue in bytes per second", 1, false, 87600000, 88, 88000000}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.scenario);
+        auto parameters = QSharedPointer<CScriptedParameterCollection>::create();
+        parameters->addInteger(kLimit, 1000000, 1000000, 400000000, c.increment);
+        DeviceLinkThroughputLimitEditor editor(parameters);
+        c.slider ? editor.slider()->setValue(c.input) : editor.setValue(c.input);
+        EXPECT_EQ(editor.value(), c.shown);
+        EXPECT_EQ(parameters->writtenValues(kLimit), (QVariantList{c.written}));
+    }
 }
 
 TEST(DeviceLinkEditor, isAtMaximumReadsTheInterPacketDelay)

@@ -1,17 +1,11 @@
+#include "SFakeCameraHost.h"
 #include "bandwidthmeasuringcamera.h"
 #include "flattree.h"
 
-#include <host/fakes/CFakeCameraControlService.h>
-#include <host/fakes/CFakeCameraEnumerationService.h>
-#include <host/fakes/CFakeCameraInfo.h>
-#include <host/fakes/CFakeCameraStatusService.h>
 #include <host/fakes/CFakeCameraStreamControlService.h>
-#include <host/fakes/CFakeParameterService.h>
-#include <parameters/fakes/CScriptedParameterCollection.h>
 #include <usbtopology/fakes/CFakeTopologySource.h>
 
 #include <Core/Logging/CLogCapture.h>
-#include <Core/Plugin/CPluginManager.h>
 
 #include <gtest/gtest.h>
 
@@ -37,32 +31,19 @@ QStringList outline(const FlatTree& tree, FlatTreeItemID id = 0, const QString& 
     return lines;
 }
 
-class FlatTreeTest : public ::testing::Test
+class FlatTreeTest : public ::testing::Test, public SFakeCameraHost
 {
 protected:
     void SetUp() override
     {
-        Core::Logging::setStderrEnabled(false);
-        for (const Core::Service::ServicePtr& service :
-             {Core::Service::ServicePtr(enumeration), Core::Service::ServicePtr(status),
-              Core::Service::ServicePtr(control), Core::Service::ServicePtr(parameters),
-              Core::Service::ServicePtr(stream)})
-            manager->addService(service);
+        manager->addService(stream);
         collection->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
         parameters->setDefaultCollection(collection);
         tree.setServices(manager.toWeakRef());
         tree.setDeviceClasses({"DorvikUsb", "DorvikGigE"});
-        tree.setTopologyFactory([this](unsigned int* pStatus) {
-            return usbtopology::fakes::MakeFakeTop(pStatus, script);
-        });
+        tree.setTopologyFactory([this](unsigned int* pStatus) { return usbtopology::fakes::MakeFakeTop(pStatus, script); });
     }
-    void TearDown() override { Core::Logging::setStderrEnabled(true); }
 
-    Core::Plugin::PluginManagerPtr manager = Core::Plugin::PluginManagerPtr::create();
-    QSharedPointer<CFakeCameraEnumerationService> enumeration = QSharedPointer<CFakeCameraEnumerationService>::create();
-    QSharedPointer<CFakeCameraStatusService> status = QSharedPointer<CFakeCameraStatusService>::create();
-    QSharedPointer<CFakeCameraControlService> control = QSharedPointer<CFakeCameraControlService>::create();
-    QSharedPointer<CFakeParameterService> parameters = QSharedPointer<CFakeParameterService>::create();
     QSharedPointer<CFakeCameraStreamControlService> stream = QSharedPointer<CFakeCameraStreamControlService>::create();
     QSharedPointer<ParameterFakes::CScriptedParameterCollection> collection =
         QSharedPointer<ParameterFakes::CScriptedParameterCollection>::create();

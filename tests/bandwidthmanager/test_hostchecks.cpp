@@ -17,6 +17,17 @@ using HostFix::EKind;
 
 namespace {
 
+// Empty executables standing in for the privileged helpers.
+void makeHelpers(const QTemporaryDir& dir, std::initializer_list<const char*> names)
+{
+    QDir(dir.path()).mkpath(QStringLiteral("helpers"));
+    for (const char* name : names) {
+        QFile helper(dir.filePath(QStringLiteral("helpers/") + name));
+        helper.open(QIODevice::WriteOnly);
+        helper.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    }
+}
+
 constexpr uint32_t Ip(int a, int b, int c, int d)
 {
     return uint32_t(a) << 24 | uint32_t(b) << 16 | uint32_t(c) << 8 | uint32_t(d);
@@ -208,11 +219,7 @@ TEST(HostFixer, takesTheFirstWayOpenToIt)
     QTemporaryDir dir;
     QDir(dir.path()).mkpath(QStringLiteral("proc/net/core"));
     QDir(dir.path()).mkpath(QStringLiteral("etc"));
-    QDir(dir.path()).mkpath(QStringLiteral("helpers"));
-    QFile helper(dir.filePath("helpers/bwm-fix-rmem-max"));
-    ASSERT_TRUE(helper.open(QIODevice::WriteOnly));
-    helper.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    helper.close();
+    makeHelpers(dir, {"bwm-fix-rmem-max"});
     const HostFix::CHostFixApplier applier(dir.filePath("proc").toStdString(), dir.filePath("etc").toStdString());
     const HostFix::SFix fix{EKind::RmemMax, "", int64_t(64) << 20};
     QStringList ran;
@@ -266,10 +273,6 @@ TEST(HostFixHelpers, refuseBadUseWithTwo)
     }
 }
 
-} // namespace
-
-namespace {
-
 // Where a link setting is kept: NetworkManager's connection (through nmcli),
 // a drop-in of systemd-networkd's .network file, or nowhere.
 TEST(HostFixPersistence, goesThroughWhoeverManagesTheLink)
@@ -277,12 +280,7 @@ TEST(HostFixPersistence, goesThroughWhoeverManagesTheLink)
     QTemporaryDir dir;
     QDir(dir.path()).mkpath(QStringLiteral("run/systemd/netif/links"));
     QDir(dir.path()).mkpath(QStringLiteral("network"));
-    QDir(dir.path()).mkpath(QStringLiteral("helpers"));
-    for (const char* name : {"helpers/bwm-fix-mtu", "helpers/bwm-fix-rx-ring", "helpers/bwm-fix-coalescing"}) {
-        QFile helper(dir.filePath(name));
-        helper.open(QIODevice::WriteOnly);
-        helper.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    }
+    makeHelpers(dir, {"bwm-fix-mtu", "bwm-fix-rx-ring", "bwm-fix-coalescing"});
     const HostFix::CHostFixApplier applier("/proc/sys", dir.filePath("sysctl").toStdString(),
                                            dir.filePath("run").toStdString(), dir.filePath("network").toStdString());
     std::string error;
@@ -342,10 +340,6 @@ TEST(HostFixPersistence, goesThroughWhoeverManagesTheLink)
         EXPECT_EQ(outcome.text.endsWith(QLatin1String("kept for the next start.")), c.kept) << outcome.text.toStdString();
     }
 }
-
-} // namespace
-
-namespace {
 
 // Each text is looked up at run time in the context the catalogs keep it under.
 TEST(HostChecks, speakTheCatalogsLanguage)

@@ -642,13 +642,3 @@ TEST_F(OptimizeEndToEnd, cameraKilledDuringOptimizeIsNamedAndTheOthersFit)
 }
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("BandwidthManagerTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("bandwidthmanager_optimize_e2e"));
-    QApplication app(argc, argv);
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -22,8 +22,6 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QFile>
-#include <QJsonArray>
 #include <QMenu>
 #include <QPluginLoader>
 
@@ -31,26 +29,6 @@ namespace {
 
 const QString PluginDir = QStringLiteral(BWM_BINARY_DIR "/bin/plugins");
 const QString PluginPath = PluginDir + QStringLiteral("/BandwidthManager.so");
-
-TEST(PluginLoading, MetadataDescribesThePlugin)
-{
-    const QJsonObject meta = QPluginLoader(PluginPath).metaData();
-    EXPECT_EQ(meta.value("IID").toString(), QStringLiteral(ZENTA_PLUGIN_IID));
-    EXPECT_EQ(meta.value("className").toString(), QStringLiteral("CBandwidthManagerPlugin"));
-    const QJsonObject data = meta.value("MetaData").toObject();
-    EXPECT_EQ(data.value("Name").toString(), QStringLiteral("BandwidthManager"));
-    EXPECT_EQ(data.value("Version").toString(), QStringLiteral("7.3.0"));
-    EXPECT_EQ(data.value("CompatVersion").toString(), QStringLiteral("7.3.0"));
-    EXPECT_FALSE(data.value("Required").toBool(true));
-    const QJsonArray dependencies = data.value("Dependencies").toArray();
-    ASSERT_EQ(dependencies.size(), 10);
-    for (int i = 0; i < dependencies.size(); ++i) {
-        const QJsonObject dependency = dependencies.at(i).toObject();
-        EXPECT_EQ(dependency.contains("Type"), i == 9) << i;
-    }
-    EXPECT_EQ(dependencies.at(9).toObject().value("Name").toString(), QStringLiteral("ProblemAssistant"));
-    EXPECT_EQ(dependencies.at(9).toObject().value("Type").toString(), QStringLiteral("optional"));
-}
 
 class HostWithPlugin : public ::testing::Test
 {
@@ -138,10 +116,8 @@ TEST_F(HostWithPlugin, ToolsMenuEntryOpensTheDialog)
     EXPECT_EQ(responder.seen(), QStringList{"BandwidthDialog"});
 }
 
-TEST_F(HostWithPlugin, ResourcesComeWithTheModule)
+TEST_F(HostWithPlugin, CatalogsComeWithTheModule)
 {
-    EXPECT_TRUE(QFile::exists(QStringLiteral(":/bandwidthmanager/Resources/BandwidthManager.png")));
-    EXPECT_TRUE(QFile::exists(QStringLiteral(":/translation/BandwidthManager_en.qm")));
     Core::Plugin::ALocalizedPlugin* plugin = nullptr;
     for (Core::Plugin::IPlugin* candidate : m_manager->plugins()) {
         if (auto* localized = qobject_cast<Core::Plugin::ALocalizedPlugin*>(candidate))
