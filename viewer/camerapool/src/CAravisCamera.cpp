@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <exception>
 #include <thread>
 
@@ -94,13 +95,23 @@ constexpr qint64 UnansweredNs = 1000000000;
 // Aravis declares a silent camera lost within about 5 s of heartbeats.
 constexpr qint64 SilenceNs = 10000000000;
 
+// Past Aravis' first 500 ms timeout: the camera did not answer that try.
+constexpr qint64 RetryingNs = 600000000;
+
 CAravisCamera::CTimeoutWatch::CTimeoutWatch(const CAravisCamera& camera)
-    : m_camera(camera), m_exceptions(std::uncaught_exceptions()), m_startNs(QDeadlineTimer::current().deadlineNSecs())
+    : m_camera(camera),
+      m_exceptions(std::uncaught_exceptions()),
+      m_startNs(QDeadlineTimer::current().deadlineNSecs()),
+      m_outermost(camera.m_accessSinceNs.load() == 0)
 {
+    if (m_outermost)
+        m_camera.m_accessSinceNs.store(m_startNs);
 }
 
 CAravisCamera::CTimeoutWatch::~CTimeoutWatch()
 {
+    if (m_outermost)
+        m_camera.m_accessSinceNs.store(0);
     const qint64 now = QDeadlineTimer::current().deadlineNSecs();
     if (std::uncaught_exceptions() > m_exceptions && now - m_startNs >= UnansweredNs)
         m_camera.m_unresponsiveUntilNs.store(now + SilenceNs);
@@ -114,7 +125,7 @@ bool CAravisCamera::isUnresponsive() const
 
 void CAravisCamera::close()
 {
-    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    std::lock_guard<std::recursive_timed_mutex> guard(m_mutex);
     if (!m_camera)
         return;
     if (m_hub)
@@ -132,14 +143,29 @@ void CAravisCamera::close()
         g_object_unref(camera);
 }
 
-std::unique_lock<std::recursive_mutex> CAravisCamera::lockForAccess() const
+void CAravisCamera::checkReachable() const
 {
-    // Checked before the lock as well: a dead camera's register access blocks for seconds.
     if (m_connectionLost.load())
         throwGenICam(QStringLiteral("The connection to the camera %1 is lost").arg(m_info->displayName()));
     if (isUnresponsive())
         throwGenICam(QStringLiteral("The camera %1 does not answer").arg(m_info->displayName()));
-    std::unique_lock<std::recursive_mutex> guard(m_mutex);
+    if (!m_open.load())
+        throwGenICam(QStringLiteral("The camera %1 is closed").arg(m_info->displayName()));
+}
+
+std::unique_lock<std::recursive_timed_mutex> CAravisCamera::lockForAccess() const
+{
+    // Checked before the lock as well: a dead camera's register access blocks for seconds.
+    checkReachable();
+    std::unique_lock<std::recursive_timed_mutex> guard(m_mutex, std::defer_lock);
+    // Not behind an access that is already retrying: this thread (the
+    // window's, often) would wait out the rest of the transport's timeouts.
+    while (!guard.try_lock_for(std::chrono::milliseconds(50))) {
+        const qint64 since = m_accessSinceNs.load();
+        if (since != 0 && QDeadlineTimer::current().deadlineNSecs() - since >= RetryingNs)
+            throwGenICam(QStringLiteral("The camera %1 does not answer").arg(m_info->displayName()));
+        checkReachable();
+    }
     if (!m_camera)
         throwGenICam(QStringLiteral("The camera %1 is closed").arg(m_info->displayName()));
     if (m_connectionLost.load())
@@ -149,7 +175,7 @@ std::unique_lock<std::recursive_mutex> CAravisCamera::lockForAccess() const
 
 bool CAravisCamera::startGrabbing()
 {
-    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    std::lock_guard<std::recursive_timed_mutex> guard(m_mutex);
     if (m_grabbing.load())
         return true;
     if (!m_camera || m_connectionLost.load())
@@ -166,7 +192,7 @@ bool CAravisCamera::startGrabbing()
 
 void CAravisCamera::stopGrabbing()
 {
-    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    std::lock_guard<std::recursive_timed_mutex> guard(m_mutex);
     destroyStreamLocked(true);
 }
 
@@ -183,7 +209,11 @@ void CAravisCamera::createStreamLocked()
     m_gaps->restart();
     m_streamTarget = new SStreamTarget;
     m_streamTarget->camera.store(this);
-    m_stream = arv_camera_create_stream(m_camera, streamCallback, m_streamTarget, error.out());
+    ArvStream* stream = arv_camera_create_stream(m_camera, streamCallback, m_streamTarget, error.out());
+    {
+        const std::lock_guard<std::mutex> statistics(m_statisticsMutex);
+        m_stream = stream;
+    }
     error.check();
     if (!m_stream)
         throwGenICam(QStringLiteral("Aravis created no stream"));
@@ -214,16 +244,20 @@ void CAravisCamera::destroyStreamLocked(bool stopAcquisition)
     if (!m_stream)
         return;
     m_liveStream.store(nullptr);
-    for (const char* name : StatisticNames) {
-        if (m_isGigE || qstrncmp(name, "n_missing", 9) != 0)
-            m_statisticsBase[name] += arv_stream_get_info_uint64_by_name(m_stream, name);
-    }
-    if (m_isGigE)
-        m_statisticsBase[SocketDropsName] += quint64(std::max<qint64>(0, udpSocketDrops(arv_gv_stream_get_port(ARV_GV_STREAM(m_stream)))));
-    SStreamTarget* target = m_streamTarget;
     ArvStream* stream = m_stream;
+    {
+        const std::lock_guard<std::mutex> statistics(m_statisticsMutex);
+        for (const char* name : StatisticNames) {
+            if (m_isGigE || qstrncmp(name, "n_missing", 9) != 0)
+                m_statisticsBase[name] += arv_stream_get_info_uint64_by_name(stream, name);
+        }
+        if (m_isGigE)
+            m_statisticsBase[SocketDropsName] +=
+                quint64(std::max<qint64>(0, udpSocketDrops(arv_gv_stream_get_port(ARV_GV_STREAM(stream)))));
+        m_stream = nullptr;
+    }
+    SStreamTarget* target = m_streamTarget;
     m_streamTarget = nullptr;
-    m_stream = nullptr;
     if (answers) {
         // Joins the stream thread; never called from the callback.
         g_object_unref(stream);
@@ -289,7 +323,7 @@ quint64 CAravisCamera::streamStatistic(const char* name) const
         return m_gaps->underrunFrames();
     if (qstrcmp(name, "n_missing_frames") == 0)
         return m_gaps->missedFrames();
-    std::lock_guard<std::recursive_mutex> guard(m_mutex);
+    const std::lock_guard<std::mutex> guard(m_statisticsMutex);
     quint64 value = m_statisticsBase.value(name);
     // The kernel's count for the stream's own socket: a new stream has a new socket.
     if (qstrcmp(name, SocketDropsName) == 0)
@@ -303,7 +337,7 @@ quint64 CAravisCamera::streamStatistic(const char* name) const
 
 qint64 CAravisCamera::streamSocketBufferRequest() const
 {
-    const std::unique_lock<std::recursive_mutex> guard = lockForAccess();
+    const std::unique_lock<std::recursive_timed_mutex> guard = lockForAccess();
     CGErrorSink error;
     const guint payload = arv_camera_get_payload(m_camera, error.out());
     error.check();
@@ -312,7 +346,7 @@ qint64 CAravisCamera::streamSocketBufferRequest() const
 
 void CAravisCamera::probePacketSize()
 {
-    const std::unique_lock<std::recursive_mutex> guard = lockForAccess();
+    const std::unique_lock<std::recursive_timed_mutex> guard = lockForAccess();
     if (!m_isGigE)
         throwGenICam(QStringLiteral("Packet size probing needs a GigE Vision camera"));
     // The probe repoints the stream channel at its own socket and leaves it there.

@@ -103,6 +103,7 @@ ParameterCollection::ParameterPtr CParameterFactory::createStreamNode(const CAra
     auto statistic = [&](const char* aravisName) {
         CSyntheticIntegerParameter::SSource source;
         source.get = [raw, aravisName] { return qint64(raw->streamStatistic(aravisName)); };
+        source.hostOnly = true;
         return ParameterCollection::ParameterPtr(new CSyntheticIntegerParameter(camera, name, source));
     };
     if (name == QLatin1String("MaxNumBuffer")) {

@@ -13,7 +13,10 @@ CSyntheticIntegerParameter::CSyntheticIntegerParameter(const CAravisCameraPtr& c
 
 void CSyntheticIntegerParameter::checkCamera() const
 {
-    m_camera->access([](ArvCamera*, ArvDevice*, ArvGc*) { return 0; });
+    if (m_source.hostOnly)
+        m_camera->checkReachable();
+    else
+        m_camera->access([](ArvCamera*, ArvDevice*, ArvGc*) { return 0; });
 }
 
 bool CSyntheticIntegerParameter::isReadable() const

@@ -42,6 +42,8 @@ public:
     // for good: on an overloaded link a live camera's answers can be lost too,
     // and a dead one is declared lost by Aravis' heartbeat before it ends.
     bool isUnresponsive() const;
+    // Throws as a register access would, without waiting for one in progress.
+    void checkReachable() const;
     bool isOpen() const { return m_open.load(); }
     // Stops grabbing and gives the device back; later access raises.
     void close();
@@ -51,7 +53,7 @@ public:
     template <typename F>
     auto access(F&& f) const
     {
-        const std::unique_lock<std::recursive_mutex> guard = lockForAccess();
+        const std::unique_lock<std::recursive_timed_mutex> guard = lockForAccess();
         const CTimeoutWatch watch(*this);
         return f(m_camera, m_device, m_genicam);
     }
@@ -105,9 +107,10 @@ private:
         const CAravisCamera& m_camera;
         int m_exceptions;
         qint64 m_startNs;
+        bool m_outermost;
     };
 
-    std::unique_lock<std::recursive_mutex> lockForAccess() const;
+    std::unique_lock<std::recursive_timed_mutex> lockForAccess() const;
     void createStreamLocked();
     void probeLocked();
     void destroyStreamLocked(bool stopAcquisition);
@@ -124,7 +127,7 @@ private:
     // The callback's view of m_stream.
     std::atomic<ArvStream*> m_liveStream{nullptr};
     std::function<void(ArvCamera*)> m_discard;
-    mutable std::recursive_mutex m_mutex;
+    mutable std::recursive_timed_mutex m_mutex;
     bool m_isGigE = false;
     unsigned long m_controlLostHandler = 0;
 
@@ -132,12 +135,17 @@ private:
     std::atomic<bool> m_connectionLost{false};
     // Monotonic ns until which the camera counts as not answering; 0 for none.
     mutable std::atomic<qint64> m_unresponsiveUntilNs{0};
+    // Monotonic ns when the register access under way began; 0 for none.
+    mutable std::atomic<qint64> m_accessSinceNs{0};
     std::atomic<bool> m_open{false};
     std::atomic<bool> m_copyFrames{false};
     std::atomic<qint64> m_maxNumBuffer{10};
     std::atomic<quint64> m_grabbed{0};
     std::atomic<quint64> m_failed{0};
     QMap<QByteArray, quint64> m_statisticsBase;
+    // Guards m_stream's replacement and m_statisticsBase for the statistics'
+    // readers, who must not wait behind a register access to a silent camera.
+    mutable std::mutex m_statisticsMutex;
     // Replaces Aravis' underrun and missed-frame counts, which are not per frame.
     std::unique_ptr<CFrameGapCounter> m_gaps;
     CFrameExchange m_frames;

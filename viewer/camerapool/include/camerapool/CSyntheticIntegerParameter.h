@@ -19,6 +19,8 @@ public:
         qint64 minimum = 0;
         qint64 maximum = std::numeric_limits<qint64>::max();
         qint64 increment = 1;
+        // A figure the host keeps: read without waiting behind a register access.
+        bool hostOnly = false;
     };
 
     CSyntheticIntegerParameter(const CAravisCameraPtr& camera, const QString& name, SSource source);
