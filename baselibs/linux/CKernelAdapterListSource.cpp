@@ -75,14 +75,29 @@ CKernelAdapterListSource::CKernelAdapterListSource(std::string sysfsRoot, std::s
 {
 }
 
-uint32_t CKernelAdapterListSource::List(std::vector<SPlatformAdapterEntry>& entries) const
+int CKernelAdapterListSource::Dump(std::vector<SKernelLink>& links, std::vector<SKernelAddress>& addresses) const
 {
     CNetlinkRoute netlink;
+    if (int rc = netlink.DumpLinks(links))
+        return rc;
+    return netlink.DumpIpv4Addresses(addresses);
+}
+
+int CKernelAdapterListSource::DriverInfo(const std::string& ifname, std::string& driver, std::string& version) const
+{
+    return CEthtool().GetDriverInfo(ifname, driver, version);
+}
+
+int CKernelAdapterListSource::Speed(const std::string& ifname, uint32_t& mbits) const
+{
+    return CEthtool().GetSpeed(ifname, mbits);
+}
+
+uint32_t CKernelAdapterListSource::List(std::vector<SPlatformAdapterEntry>& entries) const
+{
     std::vector<SKernelLink> links;
     std::vector<SKernelAddress> addresses;
-    if (int rc = netlink.DumpLinks(links))
-        return static_cast<uint32_t>(-rc);
-    if (int rc = netlink.DumpIpv4Addresses(addresses))
+    if (int rc = Dump(links, addresses))
         return static_cast<uint32_t>(-rc);
 
     entries.clear();
@@ -119,9 +134,8 @@ uint32_t CKernelAdapterListSource::List(std::vector<SPlatformAdapterEntry>& entr
 
 uint64_t CKernelAdapterListSource::ReceiveLinkSpeed(const std::string& ifname) const
 {
-    CEthtool ethtool;
     uint32_t mbits = 0;
-    int rc = ethtool.GetSpeed(ifname, mbits);
+    int rc = Speed(ifname, mbits);
     if (rc == -EOPNOTSUPP) {
         const std::string text = ReadLine(m_sysfsRoot + "/class/net/" + ifname + "/speed");
         char* end = nullptr;
@@ -166,10 +180,9 @@ std::string CKernelAdapterListSource::Hardware(const std::string& ifname) const
 std::string CKernelAdapterListSource::Description(const std::string& ifname, const std::string& alias,
                                                   const std::string& type) const
 {
-    CEthtool ethtool;
     std::string driver;
     std::string version;
-    if (ethtool.GetDriverInfo(ifname, driver, version) != 0) {
+    if (DriverInfo(ifname, driver, version) != 0) {
         driver = Basename(RealPath(m_sysfsRoot + "/class/net/" + ifname + "/device/driver"));
         if (driver.empty())
             driver = type;

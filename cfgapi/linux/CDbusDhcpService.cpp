@@ -1,5 +1,7 @@
 #include "cfgapi/linux/CDbusDhcpService.h"
 
+#include "cfgapi/linux/DbusDhcpRequests.h"
+
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
@@ -10,9 +12,6 @@
 #include <fstream>
 #include <sys/stat.h>
 
-using SNmConnection = QMap<QString, QVariantMap>;
-Q_DECLARE_METATYPE(SNmConnection)
-
 namespace CfgApi {
 
 namespace {
@@ -22,15 +21,7 @@ const QString kNetworkd = QStringLiteral("org.freedesktop.network1");
 
 int32_t CodeForError(const QDBusMessage& reply)
 {
-    const QString name = reply.errorName();
-    if (name.endsWith(QLatin1String("PermissionDenied")) || name == QLatin1String("org.freedesktop.DBus.Error.AccessDenied"))
-        return 91;
-    if (name.endsWith(QLatin1String("UnknownDevice")) || name.endsWith(QLatin1String("NotManaged")) ||
-        name.endsWith(QLatin1String("LinkNotFound")))
-        return 84;
-    if (name.startsWith(QLatin1String("org.freedesktop.DBus.Error.")))
-        return 13;
-    return 65;
+    return DhcpCodeForError(reply.errorName());
 }
 
 QDBusMessage Call(QDBusConnection& bus, const QString& service, const QString& path, const QString& interface,
@@ -57,10 +48,7 @@ int32_t ViaNetworkManager(QDBusConnection& bus, const std::string& ifname)
     QDBusMessage applied = Call(bus, kNm, devicePath, deviceInterface, QStringLiteral("GetAppliedConnection"), {0u});
     if (applied.type() == QDBusMessage::ErrorMessage) {
         // Not active: make and activate a connection of its own.
-        SNmConnection fresh;
-        fresh[QStringLiteral("connection")] = QVariantMap{{QStringLiteral("type"), QStringLiteral("802-3-ethernet")},
-                                                          {QStringLiteral("interface-name"), QString::fromStdString(ifname)}};
-        fresh[QStringLiteral("ipv4")] = QVariantMap{{QStringLiteral("method"), QStringLiteral("auto")}};
+        const SNmConnection fresh = NmDhcpConnection(ifname);
         QDBusMessage added = Call(bus, kNm, QStringLiteral("/org/freedesktop/NetworkManager"), kNm,
                                   QStringLiteral("AddAndActivateConnection"),
                                   {QVariant::fromValue(fresh), QVariant::fromValue(QDBusObjectPath(devicePath)),
@@ -69,14 +57,8 @@ int32_t ViaNetworkManager(QDBusConnection& bus, const std::string& ifname)
     }
     if (applied.arguments().size() != 2)
         return 13;
-    SNmConnection connection = qdbus_cast<SNmConnection>(applied.arguments().at(0));
+    const SNmConnection connection = NmDhcpReapplied(qdbus_cast<SNmConnection>(applied.arguments().at(0)));
     const qulonglong version = applied.arguments().at(1).toULongLong();
-    QVariantMap ipv4 = connection.value(QStringLiteral("ipv4"));
-    ipv4[QStringLiteral("method")] = QStringLiteral("auto");
-    ipv4.remove(QStringLiteral("address-data"));
-    ipv4.remove(QStringLiteral("addresses"));
-    ipv4.remove(QStringLiteral("gateway"));
-    connection[QStringLiteral("ipv4")] = ipv4;
 
     QDBusMessage reapplied = Call(bus, kNm, devicePath, deviceInterface, QStringLiteral("Reapply"),
                                   {QVariant::fromValue(connection), QVariant::fromValue(version), 0u});
@@ -88,9 +70,8 @@ int32_t ViaNetworkd(QDBusConnection& bus, uint32_t ifindex, const std::string& i
     const std::string dir = runRoot + "/systemd/network";
     ::mkdir((runRoot + "/systemd").c_str(), 0755);
     ::mkdir(dir.c_str(), 0755);
-    // The lexically first matching file wins, hence the "00-".
-    std::ofstream file(dir + "/00-bandwidthmanager-" + ifname + ".network", std::ios::trunc);
-    file << "[Match]\nName=" << ifname << "\n\n[Network]\nDHCP=ipv4\n";
+    std::ofstream file(dir + "/" + NetworkdDhcpFileName(ifname), std::ios::trunc);
+    file << NetworkdDhcpFile(ifname);
     file.close();
     if (!file)
         return 91;
@@ -105,6 +86,49 @@ int32_t ViaNetworkd(QDBusConnection& bus, uint32_t ifindex, const std::string& i
 }
 
 } // namespace
+
+int32_t DhcpCodeForError(const QString& name)
+{
+    if (name.endsWith(QLatin1String("PermissionDenied")) || name == QLatin1String("org.freedesktop.DBus.Error.AccessDenied"))
+        return 91;
+    if (name.endsWith(QLatin1String("UnknownDevice")) || name.endsWith(QLatin1String("NotManaged")) ||
+        name.endsWith(QLatin1String("LinkNotFound")))
+        return 84;
+    if (name.startsWith(QLatin1String("org.freedesktop.DBus.Error.")))
+        return 13;
+    return 65;
+}
+
+SNmConnection NmDhcpConnection(const std::string& ifname)
+{
+    SNmConnection fresh;
+    fresh[QStringLiteral("connection")] = QVariantMap{{QStringLiteral("type"), QStringLiteral("802-3-ethernet")},
+                                                      {QStringLiteral("interface-name"), QString::fromStdString(ifname)}};
+    fresh[QStringLiteral("ipv4")] = QVariantMap{{QStringLiteral("method"), QStringLiteral("auto")}};
+    return fresh;
+}
+
+SNmConnection NmDhcpReapplied(SNmConnection connection)
+{
+    QVariantMap ipv4 = connection.value(QStringLiteral("ipv4"));
+    ipv4[QStringLiteral("method")] = QStringLiteral("auto");
+    ipv4.remove(QStringLiteral("address-data"));
+    ipv4.remove(QStringLiteral("addresses"));
+    ipv4.remove(QStringLiteral("gateway"));
+    connection[QStringLiteral("ipv4")] = ipv4;
+    return connection;
+}
+
+std::string NetworkdDhcpFileName(const std::string& ifname)
+{
+    // The lexically first matching file wins, hence the "00-".
+    return "00-bandwidthmanager-" + ifname + ".network";
+}
+
+std::string NetworkdDhcpFile(const std::string& ifname)
+{
+    return "[Match]\nName=" + ifname + "\n\n[Network]\nDHCP=ipv4\n";
+}
 
 int32_t CDbusDhcpService::EnableDhcp(uint32_t ifindex, const std::string& ifname)
 {

@@ -28,18 +28,13 @@ QStringList layerNames(const CCameraEnumerationService& service)
 
 } // namespace
 
-TEST(EnumerationThread, DeviceListUpdateRunsOffTheGuiThread)
-{
-    const auto service = scannedService(false);
-    QThread* updater = CAravisWorker::lastListUpdateThread();
-    ASSERT_NE(updater, nullptr);
-    EXPECT_NE(updater, QThread::currentThread());
-}
-
-TEST(EnumerationThread, EmulatedCamerasOnlyWhenEnabled)
+TEST(EnumerationThread, ScansOffTheGuiThreadEmulationOnlyWhenEnabledAndAnUnchangedRescanIsSilent)
 {
     const auto off = scannedService(false);
     EXPECT_EQ(layerNames(*off), (QStringList{"DorvikGigE", "DorvikUsb"}));
+    QThread* updater = CAravisWorker::lastListUpdateThread();
+    ASSERT_NE(updater, nullptr);
+    EXPECT_NE(updater, QThread::currentThread());
 
     const auto on = scannedService(true);
     ASSERT_EQ(layerNames(*on), (QStringList{"DorvikGigE", "DorvikUsb", "CamEmu"}));
@@ -47,14 +42,10 @@ TEST(EnumerationThread, EmulatedCamerasOnlyWhenEnabled)
     ASSERT_FALSE(emulated.isEmpty());
     EXPECT_EQ(emulated.first()->deviceClass(), "CamEmu");
     EXPECT_EQ(emulated.first()->key(), "Fake_1");
-}
 
-TEST(EnumerationThread, RescanOfAnUnchangedSetIsSilent)
-{
-    const auto service = scannedService(true);
-    QSignalSpy changed(service.data(), &CCameraEnumerationService::enumerationChanged);
-    QSignalSpy finished(service.data(), &CCameraEnumerationService::scanFinished);
-    service->onRefresh();
+    QSignalSpy changed(on.data(), &CCameraEnumerationService::enumerationChanged);
+    QSignalSpy finished(on.data(), &CCameraEnumerationService::scanFinished);
+    on->onRefresh();
     ASSERT_TRUE(finished.wait(10000));
     EXPECT_EQ(changed.count(), 0);
 }

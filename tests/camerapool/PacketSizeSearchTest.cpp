@@ -45,4 +45,11 @@ INSTANTIATE_TEST_SUITE_P(
                     SProbeCase{"nothing_arrives", 1, 9000, 0, -1, 16}),
     [](const auto& info) { return std::string(info.param.name); });
 
+TEST(PacketSizeSearch, AnEmptyRangeProbesNothing)
+{
+    int tests = 0;
+    EXPECT_EQ(largestCarriedPacketSize(9000, 576, 1, 1500, [&](qint64) { return ++tests > 0; }), -1);
+    EXPECT_EQ(tests, 0);
+}
+
 } // namespace

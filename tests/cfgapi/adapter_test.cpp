@@ -46,7 +46,6 @@ TEST_F(AdapterTest, ConstructionReadsTheSnapshot)
 {
     auto a = Make();
     EXPECT_EQ(a->GetAdapterIndex(), 7u);
-    EXPECT_EQ(a->GetName(), "Camera LAN");
     EXPECT_EQ(a->GetMtu(), 1514u);
     EXPECT_EQ(a->GetAvailableMtus(), (std::vector<uint32_t>{1514, 4088, 9014}));
     EXPECT_EQ(a->GetLinkSpeed(), 1000);
@@ -61,64 +60,91 @@ TEST_F(AdapterTest, ConstructionReadsTheSnapshot)
 
 TEST_F(AdapterTest, ConstructionVariants)
 {
-    EXPECT_EQ(Make("Intel and AQtion")->GetItrParameter().GetName(), "ITR");
-    auto plain = Make("Realtek PCIe GbE");
-    EXPECT_EQ(plain->GetItrParameter().GetName(), "Unsupported_");
-    EXPECT_FALSE(plain->GetItrParameter().HasValues());
-    EXPECT_TRUE(Make("Aquantia AQC107")->GetItrParameter().HasValues());
-
-    EXPECT_EQ(ThrownText([&] { CNetworkAdapter("", Mac(0), "", "", m_fake.Platform()); }),
-              "UniqueName must not be empty.");
-    EXPECT_EQ(ThrownText([&] { CNetworkAdapter("{nope}", Mac(0), "", "", m_fake.Platform()); }),
-              "Couldn't get network adapter registry path. No matching entry found.");
-
+    struct
+    {
+        const char* scenario;
+        std::function<void()> script;
+        const char* uniqueName;
+        const char* description;
+        const char* outcome;   // thrown text, or "itr=<name>/<values> buffers=<n> speed=<n> addresses=<n>"
+    } cases[] = {
+        {"Intel wins over AQtion", [] {}, "{A1}", "Intel and AQtion", "itr=ITR/3 buffers=256 speed=1000 addresses=1"},
+        {"Aquantia", [] {}, "{A1}", "Aquantia AQC107", "itr=ITR/3 buffers=256 speed=1000 addresses=1"},
+        {"other drivers have no ITR", [] {}, "{A1}", "Realtek PCIe GbE", "itr=Unsupported_/0 buffers=256 speed=1000 addresses=1"},
+        {"no unique name", [] {}, "", "", "UniqueName must not be empty."},
+        {"no registry key", [] {}, "{nope}", "", "Couldn't get network adapter registry path. No matching entry found."},
+        {"unreadable buffers", [this] { m_fake.registry->FailValue(kKey, "*ReceiveBuffers", 13); }, "{A1}", "",
+         "Couldn't read registry value."},
+        {"a driver without buffers", [this] { m_fake.registry->FailValue(kKey, "*ReceiveBuffers", 2); }, "{A1}", "",
+         "itr=Unsupported_/0 buffers=0 speed=1000 addresses=1"},
+        {"not in the adapter list", [this] { m_fake.adapters->m_entries.clear(); }, "{A1}", "",
+         "itr=Unsupported_/0 buffers=256 speed=-1 addresses=0"},
+    };
+    for (const auto& c : cases) {
+        m_fake = SFakePlatform();
+        c.script();
+        std::string outcome;
+        try {
+            CNetworkAdapter a(c.uniqueName, Mac(0), "", c.description, m_fake.Platform());
+            outcome = "itr=" + a.GetItrParameter().GetName() + "/" + std::to_string(a.GetItrParameter().GetValues().size()) +
+                      " buffers=" + std::to_string(a.GetReceiveBuffers()) + " speed=" + std::to_string(a.GetLinkSpeed()) +
+                      " addresses=" + std::to_string(a.GetIpv4Configurations().size());
+        } catch (const std::exception& e) {
+            outcome = e.what();
+        }
+        EXPECT_EQ(outcome, c.outcome) << c.scenario;
+    }
     m_fake.registry->SetString(SRegistryFixture::AdapterPath("Properties"), "NetCfgInstanceId", "{B2}");
     EXPECT_EQ(CNetworkAdapter("{B2}", Mac(0), "", "", m_fake.Platform()).GetAdapterIndex(), 0u);
-
-    m_fake.registry->FailValue(kKey, "*ReceiveBuffers", 13);
-    EXPECT_EQ(ThrownText([&] { Make(); }), "Couldn't read registry value.");
-    m_fake.registry->FailValue(kKey, "*ReceiveBuffers", 2);
-    EXPECT_EQ(Make()->GetReceiveBuffers(), 0u) << "a driver without the setting";
-
-    m_fake.adapters->m_entries.clear();
-    auto unlisted = Make();
-    EXPECT_EQ(unlisted->GetLinkSpeed(), -1);
-    EXPECT_TRUE(unlisted->GetIpv4Configurations().empty());
-    EXPECT_TRUE(unlisted->QualifiesByMacOrSpeed());
 }
 
 TEST_F(AdapterTest, SettersNeedElevationOnlyForChanges)
 {
-    auto a = Make();
-    m_fake.elevation->m_elevated = false;
-    EXPECT_NO_THROW(a->SetMtu(1514));
-    EXPECT_EQ(ThrownText([&] { a->SetMtu(1500); }), "MTU input value 1500 isn't in the list of available MTU values.");
-    EXPECT_EQ(ThrownText([&] { a->SetMtu(9014); }), "Access denied. Try running as an administrator.");
-    EXPECT_THROW(a->SetReceiveBuffers(512), access_error);
-    EXPECT_NO_THROW(a->SetReceiveBuffers(256));
-    EXPECT_NO_THROW(a->SetDhcpEnabled(true)) << "a differing value is ignored without a rights test";
-    EXPECT_FALSE(a->GetDhcpEnabled());
-    EXPECT_THROW(a->SetDhcpEnabled(false), access_error);
-    const IPv4Configuration same = a->GetIpv4Configurations()[0];
-    EXPECT_THROW(a->SetIpv4Configuration(same), access_error) << "with DHCP off the early return doesn't apply";
-
-    m_fake.elevation->m_elevated = true;
-    a->SetMtu(9014);
-    EXPECT_EQ(a->GetMtu(), 9014u);
-    a->SetReceiveBuffers(5000);
-    EXPECT_EQ(a->GetReceiveBuffers(), 2048u);
-    a->SetReceiveBuffers(101);
-    EXPECT_EQ(a->GetReceiveBuffers(), 96u);
-    a->SetIpv4Configuration(IPv4Configuration("10.0.0.5", 8));
-    EXPECT_EQ(a->GetIpv4Configurations().size(), 1u);
-
-    m_fake.adapters->m_entries[0].dhcpEnabled = true;
-    auto dhcp = Make();
-    m_fake.elevation->m_elevated = false;
-    EXPECT_NO_THROW(dhcp->SetIpv4Configuration(dhcp->GetIpv4Configurations()[0]));
-    EXPECT_TRUE(dhcp->GetDhcpEnabled());
-    EXPECT_NO_THROW(dhcp->SetDhcpEnabled(false));
-    EXPECT_TRUE(dhcp->GetDhcpEnabled()) << "this setter never changes anything";
+    using Adapter = CNetworkAdapter;
+    const auto mtu = [](Adapter& a) { return std::to_string(a.GetMtu()); };
+    const auto buffers = [](Adapter& a) { return std::to_string(a.GetReceiveBuffers()); };
+    const auto dhcp = [](Adapter& a) { return std::string(a.GetDhcpEnabled() ? "dhcp" : "static"); };
+    const auto address = [](Adapter& a) { return a.GetIpv4Configurations().at(0).ToText(); };
+    const auto same = [](Adapter& a) { a.SetIpv4Configuration(a.GetIpv4Configurations().at(0)); };
+    const std::string denied = "Access denied. Try running as an administrator.";
+    const std::string none = "(nothing thrown)";
+    struct
+    {
+        const char* scenario;
+        bool elevated;
+        bool dhcpOn;
+        std::function<void(Adapter&)> set;
+        std::string thrown;
+        std::function<std::string(Adapter&)> read;
+        std::string readBack;
+    } cases[] = {
+        {"MTU unchanged", false, false, [](Adapter& a) { a.SetMtu(1514); }, none, mtu, "1514"},
+        {"MTU outside the set", true, false, [](Adapter& a) { a.SetMtu(1500); },
+         "MTU input value 1500 isn't in the list of available MTU values.", mtu, "1514"},
+        {"MTU changed", false, false, [](Adapter& a) { a.SetMtu(9014); }, denied, mtu, "1514"},
+        {"MTU changed", true, false, [](Adapter& a) { a.SetMtu(9014); }, none, mtu, "9014"},
+        {"buffers unchanged", false, false, [](Adapter& a) { a.SetReceiveBuffers(256); }, none, buffers, "256"},
+        {"buffers changed", false, false, [](Adapter& a) { a.SetReceiveBuffers(512); }, denied, buffers, "256"},
+        {"buffers above the maximum", true, false, [](Adapter& a) { a.SetReceiveBuffers(5000); }, none, buffers, "2048"},
+        {"buffers off the step", true, false, [](Adapter& a) { a.SetReceiveBuffers(101); }, none, buffers, "96"},
+        {"DHCP differing value is ignored unchecked", false, false, [](Adapter& a) { a.SetDhcpEnabled(true); }, none,
+         dhcp, "static"},
+        {"DHCP same value asks for rights", false, false, [](Adapter& a) { a.SetDhcpEnabled(false); }, denied, dhcp,
+         "static"},
+        {"DHCP setter never changes anything", false, true, [](Adapter& a) { a.SetDhcpEnabled(false); }, none, dhcp,
+         "dhcp"},
+        {"same address with DHCP off", false, false, same, denied, dhcp, "static"},
+        {"same address with DHCP on returns early", false, true, same, none, dhcp, "dhcp"},
+        {"new address", true, true, [](Adapter& a) { a.SetIpv4Configuration(IPv4Configuration("10.0.0.5", 8)); },
+         none, address, "IP: 10.0.0.5, Mask: 255.0.0.0 [8]"},
+    };
+    for (const auto& c : cases) {
+        m_fake.adapters->m_entries[0].dhcpEnabled = c.dhcpOn;
+        auto a = Make();
+        m_fake.elevation->m_elevated = c.elevated;
+        EXPECT_EQ(ThrownText([&] { c.set(*a); }), c.thrown) << c.scenario << " elevated " << c.elevated;
+        EXPECT_EQ(c.read(*a), c.readBack) << c.scenario << " elevated " << c.elevated;
+    }
 }
 
 TEST_F(AdapterTest, QualifiesByMacOrSpeed)

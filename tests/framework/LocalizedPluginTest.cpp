@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QImage>
 
 namespace {
 
@@ -38,21 +37,4 @@ TEST(LocalizedPlugin, setLanguageReplacesTheInstalledCatalog)
         EXPECT_EQ(hello(), QStringLiteral("Bonjour"));
     }
     EXPECT_EQ(hello(), QStringLiteral("Hello"));
-}
-
-TEST(HostResources, statusImagesHaveTheirSizes)
-{
-    const struct
-    {
-        const char* path;
-        int size;
-    } images[] = {
-        {":/zentaviewercomponents/Resources/Info_32.png", 32},
-        {":/zentaviewercomponents/Resources/Warning_16_black.png", 16},
-        {":/zentaviewercomponents/Resources/Error_16.png", 16},
-    };
-    for (const auto& image : images) {
-        const QImage loaded(QString::fromLatin1(image.path));
-        EXPECT_EQ(loaded.size(), QSize(image.size, image.size)) << image.path;
-    }
 }

@@ -87,24 +87,16 @@ TEST_P(SysfsFixture, NodeAsOnTheMachine)
 INSTANTIATE_TEST_SUITE_P(TwoControllers, SysfsFixture, ::testing::ValuesIn(kFixture),
                          [](const auto& info) { return ScenarioName(info.param.szScenario); });
 
-TEST(SysfsTopology, RootListsTheRootHubsInBusOrder)
+TEST(SysfsTopology, RootListsTheRootHubsInBusOrderAndTheCameraBackendFindsItsPath)
 {
     unsigned int status = 99;
     const auto top = MakeTop(BWM_USB_FIXTURE_DIR, status);
     ASSERT_NE(top->GetRootNode(), nullptr);
     EXPECT_EQ(ChildIds(*top->GetRootNode()), (std::vector<std::wstring>{L"usb1", L"usb2", L"usb3"}));
     EXPECT_EQ(DeviceCount(*top->GetRootNode()), 2);
-}
-
-TEST(SysfsTopology, CameraBackendBuildsTheNodesPath)
-{
-    unsigned int status = 99;
-    const auto top = MakeTop(BWM_USB_FIXTURE_DIR, status);
-    const INode* pCamera = FindById(top->GetRootNode(), L"3-2");
-    ASSERT_NE(pCamera, nullptr);
     // What Aravis reports: the descriptor strings through libusb's ASCII reduction.
-    const std::wstring strKey = usbtopology::BuildUsbInstancePath("Optikwerk Z?rich", "OA-500c", "AB12cd");
-    EXPECT_EQ(InstancePath(*pCamera), strKey);
+    EXPECT_EQ(InstancePath(*FindById(top->GetRootNode(), L"3-2")),
+              usbtopology::BuildUsbInstancePath("Optikwerk Z?rich", "OA-500c", "AB12cd"));
 }
 
 // A second camera of the kind on 3-2, fallen back to USB 2 behind the hub companions.
