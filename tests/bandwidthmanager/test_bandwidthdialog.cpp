@@ -50,15 +50,12 @@ const QString RunningHint = QStringLiteral("Analyzing bandwidth.<br/>You can lim
 class CScriptedTree : public BandwidthTreeWidget
 {
 public:
-    size_t cameras = 0;
-    size_t measured = 0;
-    QStringList softwareTriggered;
-    QStringList hardwareTriggered;
-    int kind = 0;
+    size_t cameras = 0, measured = 0;
+    QStringList softwareTriggered, hardwareTriggered, calls;
+    int kind = 0, sampleCount = 0;
     qint64 limit = -1;
     QString text;
-    QStringList calls;
-    int sampleCount = 0;
+    bool failToStop = false;
 
     size_t cameraRowCount() const override { return cameras; }
     size_t measuredCameraCount() const override { return measured; }
@@ -84,14 +81,15 @@ public:
         if (record(QStringLiteral("stopAcquisition")) && failToStop)
             throw Core::Exception::BaseException(QStringLiteral("camera gone"));
     }
-    bool failToStop = false;
     void updateSamples() override { ++sampleCount; }
     bool record(const QString& call) { return calls.append(call), true; }
 };
 
 QImage expectedIcon(const QString& path)
 {
-    return QPixmap(path).scaled(24, 24, Qt::IgnoreAspectRatio, Qt::FastTransformation).toImage();
+    const QImage image = QPixmap(path).scaled(24, 24, Qt::IgnoreAspectRatio, Qt::FastTransformation).toImage();
+    EXPECT_FALSE(image.isNull()) << path.toStdString();
+    return image;
 }
 
 class BandwidthDialogTest : public ::testing::Test
@@ -128,8 +126,7 @@ protected:
     CScriptedTree* treeOf(size_t cameras, size_t measured = 0)
     {
         auto* tree = new CScriptedTree;
-        tree->cameras = cameras;
-        tree->measured = measured;
+        std::tie(tree->cameras, tree->measured) = std::make_tuple(cameras, measured);
         return tree;
     }
     QString hintText(const std::unique_ptr<BandwidthDialog>& dialog) { return widget<QLabel>(dialog, "labelHintText")->text(); }
@@ -150,21 +147,10 @@ protected:
     CScriptedTree* m_tree = nullptr;
 };
 
-struct SStopAfterCase
-{
-    const char* name;
-    QVariant storedValue;
-    QVariant storedUnit;
-    QVariant storedActive;
-    int value;
-    int unit;
-    int maximum;
-    bool checked;
-};
+struct SStopAfterCase { const char* name; QVariant storedValue; QVariant storedUnit; QVariant storedActive; int value;
+    int unit; int maximum; bool checked; };
 
-class StopAfterSettings : public BandwidthDialogTest, public ::testing::WithParamInterface<SStopAfterCase>
-{
-};
+class StopAfterSettings : public BandwidthDialogTest, public ::testing::WithParamInterface<SStopAfterCase> {};
 
 TEST_P(StopAfterSettings, AreReadBackWithTheSpinBoxClamps)
 {
@@ -213,11 +199,7 @@ TEST_F(BandwidthDialogTest, CloseButtonSavesSettingsAndColumnsForTheNextDialog)
 {
     {
         const auto dialog = makeDialog();
-        auto* tree = widget<QTreeWidget>(dialog, "treeBandwidth");
-        EXPECT_EQ(tree->columnCount(), 8);
-        EXPECT_EQ(tree->header()->sectionSize(0), 280);
-        EXPECT_TRUE(tree->header()->stretchLastSection());
-        tree->header()->resizeSection(0, 333);
+        widget<QTreeWidget>(dialog, "treeBandwidth")->header()->resizeSection(0, 333);
         widget<QComboBox>(dialog, "comboTimeUnits")->setCurrentIndex(1);
         widget<QSpinBox>(dialog, "spinTime")->setValue(45);
         widget<QCheckBox>(dialog, "checkStopAfter")->setChecked(true);
@@ -248,23 +230,10 @@ TEST_F(BandwidthDialogTest, EscapeWritesNoSettings)
     EXPECT_TRUE(settings.allKeys().isEmpty()) << settings.allKeys().join(QLatin1Char(',')).toStdString();
 }
 
-struct SButtonCase
-{
-    const char* name;
-    size_t cameras;
-    size_t measured;
-    bool stopAfter;
-    bool running;
-    bool resetEnabled;
-    bool startEnabled;
-    bool stopEnabled;
-    bool checkEnabled;
-    bool timeEnabled;
-};
+struct SButtonCase { const char* name; size_t cameras; size_t measured; bool stopAfter; bool running; bool resetEnabled;
+    bool startEnabled; bool stopEnabled; bool checkEnabled; bool timeEnabled; };
 
-class ButtonStates : public BandwidthDialogTest, public ::testing::WithParamInterface<SButtonCase>
-{
-};
+class ButtonStates : public BandwidthDialogTest, public ::testing::WithParamInterface<SButtonCase> {};
 
 TEST_P(ButtonStates, FollowRowsAndRunState)
 {
@@ -296,23 +265,11 @@ INSTANTIATE_TEST_SUITE_P(
                       SButtonCase{"running_with_stop_after", 2, 1, true, true, true, false, true, false, false}),
     [](const ::testing::TestParamInfo<SButtonCase>& info) { return std::string(info.param.name); });
 
-struct SHintCase
-{
-    const char* name;
-    size_t cameras;
-    QStringList software;
-    QStringList hardware;
-    bool running;
-    int kind;
-    qint64 limit;
-    QString icon;
-    QString text; // a text ending in "..." is a prefix
-    int measured = -1; // -1: every camera
-};
+struct SHintCase { const char* name; size_t cameras; QStringList software; QStringList hardware; bool running; int kind;
+    qint64 limit; QString icon; QString text; /* a text ending in "..." is a prefix */
+    int measured = -1; /* -1: every camera */ };
 
-class HintLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SHintCase>
-{
-};
+class HintLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SHintCase> {};
 
 TEST_P(HintLine, FirstMatchingRuleWins)
 {
@@ -330,7 +287,6 @@ TEST_P(HintLine, FirstMatchingRuleWins)
     const QString text = hintText(dialog);
     EXPECT_TRUE(c.text.endsWith(QLatin1String("...")) ? text.startsWith(c.text.chopped(3)) : text == c.text)
         << text.toStdString();
-    ASSERT_FALSE(expectedIcon(c.icon).isNull()) << c.icon.toStdString();
     EXPECT_EQ(icon(dialog, "labelHintIcon"), expectedIcon(c.icon));
     EXPECT_TRUE(widget<QLabel>(dialog, "labelHintText2")->isHidden());
 }
@@ -370,18 +326,11 @@ const char DefaultRemark[] =
     "<br>The <b>Packet Size</b> setting could not be optimized. A default value of 1500 has been set.";
 const char NothingChanged[] = "Settings have been checked and are ok. No changes have been made.";
 
-struct SResultCase
-{
-    const char* name;
-    bool packetSize, interPacketDelay, frameTransmissionDelay, limited, tooMany, defaulted;
-    QString text;
-    QStringList unsetCameras = {};
-    QString icon = InfoIcon;
-};
+struct SResultCase { const char* name;
+    bool packetSize, interPacketDelay, frameTransmissionDelay, limited, tooMany, defaulted; QString text;
+    QStringList unsetCameras = {}; QString icon = InfoIcon; };
 
-class ResultLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SResultCase>
-{
-};
+class ResultLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SResultCase> {};
 
 TEST_P(ResultLine, NamesWhatTheOptimizationChanged)
 {
@@ -520,18 +469,10 @@ TEST_F(BandwidthDialogTest, TreeErrorsGoToBothLogsWithoutTheirTimestamp)
     EXPECT_EQ(log.entries().at(0).categoryName, QStringLiteral("zenta.viewer.plugins.bandwidthManager.dialog"));
 }
 
-struct SOfferCase
-{
-    const char* name;
-    QString currentClass; // empty: the current device is no camera
-    bool grabbing;
-    bool offered;
-    QStringList calls;
-};
+struct SOfferCase { const char* name; QString currentClass; /* empty: the current device is no camera */ bool grabbing;
+    bool offered; QStringList calls; };
 
-class GigEOfferAndPreselection : public BandwidthDialogTest, public ::testing::WithParamInterface<SOfferCase>
-{
-};
+class GigEOfferAndPreselection : public BandwidthDialogTest, public ::testing::WithParamInterface<SOfferCase> {};
 
 TEST_P(GigEOfferAndPreselection, FollowTheCurrentDevice)
 {

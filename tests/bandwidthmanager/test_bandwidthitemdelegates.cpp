@@ -55,18 +55,10 @@ protected:
     QWidget parent;
 };
 
-struct SEditorCase
-{
-    const char* scenario;
-    bool camera;
-    QString limitAccess; // empty: no node
-    QString delayAccess;
-    const char* expectedClass;
-};
+struct SEditorCase { const char* scenario; bool camera; QString limitAccess; /* empty: no node */ QString delayAccess;
+    const char* expectedClass; };
 
-class LimitEditorChoice : public DelegateRow, public ::testing::WithParamInterface<SEditorCase>
-{
-};
+class LimitEditorChoice : public DelegateRow, public ::testing::WithParamInterface<SEditorCase> {};
 
 TEST_P(LimitEditorChoice, picksTheEditorAndStoresItInTheRow)
 {

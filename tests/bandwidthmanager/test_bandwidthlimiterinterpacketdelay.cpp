@@ -66,21 +66,11 @@ TEST_F(ScriptedGigECamera, slowestEndThatRoundsToNothingGivesAMinimumOf1)
     EXPECT_EQ(limiter.minimum(), 1);
 }
 
-struct SWishCase
-{
-    const char* scenario;
-    qint64 startDelay;
-    qint64 capAfterOpening; // what the camera sends at most once the editor is open
-    int wish;
-    int minWrites;
-    int maxWrites;
-    qint64 delayAfter; // -1: whichever meets the wish within 1 MB/s
-    int shown;
-};
+struct SWishCase { const char* scenario; qint64 startDelay;
+    qint64 capAfterOpening; /* what the camera sends at most once the editor is open */ int wish; int minWrites;
+    int maxWrites; qint64 delayAfter; /* -1: whichever meets the wish within 1 MB/s */ int shown; };
 
-class LimiterWish : public ScriptedGigECamera, public ::testing::WithParamInterface<SWishCase>
-{
-};
+class LimiterWish : public ScriptedGigECamera, public ::testing::WithParamInterface<SWishCase> {};
 
 TEST_P(LimiterWish, isMetWithin1MBOrEndsAtTheSmallestDelay)
 {
@@ -130,12 +120,7 @@ TEST_F(ScriptedGigECamera, failingWriteEndsTheSearchWhereTheCameraIs)
 
 // A camera of the GigE link model: 1920x1200 frames, throughput = bytes of a
 // frame over the time its packets take on the wire plus the delays.
-struct SLinkCase
-{
-    qint64 packetSize;
-    qint64 linkMbps;
-    qint64 tickHz;
-};
+struct SLinkCase { qint64 packetSize; qint64 linkMbps; qint64 tickHz; };
 
 class LinkModelCamera : public ::testing::TestWithParam<SLinkCase>
 {
@@ -210,16 +195,9 @@ INSTANTIATE_TEST_SUITE_P(
             + std::to_string(info.param.tickHz / 1000000) + "MHz";
     });
 
-struct SDisabledCase
-{
-    const char* scenario;
-    bool hasThroughput;
-    QString delayAccess;
-};
+struct SDisabledCase { const char* scenario; bool hasThroughput; QString delayAccess; };
 
-class LimiterWithoutSearch : public ::testing::TestWithParam<SDisabledCase>
-{
-};
+class LimiterWithoutSearch : public ::testing::TestWithParam<SDisabledCase> {};
 
 TEST_P(LimiterWithoutSearch, isDisabledAt112Of1To125AndWritesNothing)
 {

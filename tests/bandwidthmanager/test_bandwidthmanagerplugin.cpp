@@ -71,22 +71,10 @@ protected:
     QPointer<Core::Plugin::IPlugin> m_plugin;
 };
 
-struct SShellCase
-{
-    const char* name;
-    bool menuService;
-    bool toolsMenu;
-    bool contextMenu;
-    bool assistant;
-    bool toolsEntry;
-    bool contextEntry;
-    int solutions;
-    int selectionListeners;
-};
+struct SShellCase { const char* name; bool menuService; bool toolsMenu; bool contextMenu; bool assistant;
+    bool toolsEntry; bool contextEntry; int solutions; int selectionListeners; };
 
-class ShellWiring : public BandwidthManagerPluginTest, public ::testing::WithParamInterface<SShellCase>
-{
-};
+class ShellWiring : public BandwidthManagerPluginTest, public ::testing::WithParamInterface<SShellCase> {};
 
 TEST_P(ShellWiring, NarrowsWhatIsOfferedToWhatTheHostHas)
 {

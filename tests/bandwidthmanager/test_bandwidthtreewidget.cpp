@@ -128,23 +128,11 @@ TEST_F(TreeWidgetTest, tickingCamerasMeasuresThemAndEnablesTheirAdaptersButton)
     EXPECT_FALSE(row("gev-1")->font(0).bold());
 }
 
-struct SFigureCase
-{
-    const char* scenario;
-    quint64 payload;
-    double fpsSent;
-    double fpsReceived;
-    qint64 ageMs; // of the reset time; negative for none
-    quint64 errors;
-    QString payloadText;
-    QString fpsText;
-    bool stallWarning;
-    bool errorIcon;
-};
+struct SFigureCase { const char* scenario; quint64 payload; double fpsSent; double fpsReceived;
+    qint64 ageMs; /* of the reset time; negative for none */ quint64 errors; QString payloadText; QString fpsText;
+    bool stallWarning; bool errorIcon; };
 
-class RowFigures : public TreeWidgetTest, public ::testing::WithParamInterface<SFigureCase>
-{
-};
+class RowFigures : public TreeWidgetTest, public ::testing::WithParamInterface<SFigureCase> {};
 
 TEST_P(RowFigures, showTheSampleOfAMeasuredCamera)
 {
@@ -181,17 +169,10 @@ INSTANTIATE_TEST_SUITE_P(
         SFigureCase{"an_error_shows_the_error_icon", 12345678, 30, 30, -1, 1, "12", "30.00", false, true}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
-struct SStartFailureCase
-{
-    const char* scenario;
-    std::function<void(TreeWidgetTest&)> script;
-    int attempts;
-    QString toolTip;
-};
+struct SStartFailureCase { const char* scenario; std::function<void(TreeWidgetTest&)> script; int attempts;
+    QString toolTip; };
 
-class StartFailure : public TreeWidgetTest, public ::testing::WithParamInterface<SStartFailureCase>
-{
-};
+class StartFailure : public TreeWidgetTest, public ::testing::WithParamInterface<SStartFailureCase> {};
 
 TEST_P(StartFailure, marksTheRowAndReportsTheError)
 {
@@ -232,9 +213,7 @@ INSTANTIATE_TEST_SUITE_P(
                           1, "Error accessing camera! (Could not start grab.)"}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
-class ConnectionLoss : public TreeWidgetTest, public ::testing::WithParamInterface<bool>
-{
-};
+class ConnectionLoss : public TreeWidgetTest, public ::testing::WithParamInterface<bool> {};
 
 TEST_P(ConnectionLoss, refreshTreeEndsTheLostMeasurementOnly)
 {
@@ -267,17 +246,9 @@ TEST_P(ConnectionLoss, refreshTreeEndsTheLostMeasurementOnly)
 INSTANTIATE_TEST_SUITE_P(Refresh, ConnectionLoss, ::testing::Values(false, true),
                          [](const auto& info) { return info.param ? "held_open_by_the_viewer" : "opened_here"; });
 
-struct SOutageCase
-{
-    const char* name;
-    bool goneFromTheList;
-    bool analysisStoppedMeanwhile;
-    bool measuredAgain;
-};
+struct SOutageCase { const char* name; bool goneFromTheList; bool analysisStoppedMeanwhile; bool measuredAgain; };
 
-class Outage : public TreeWidgetTest, public ::testing::WithParamInterface<SOutageCase>
-{
-};
+class Outage : public TreeWidgetTest, public ::testing::WithParamInterface<SOutageCase> {};
 
 // A camera lost during the analysis is measured again once it went from the
 // pool's list and came back with the same key; the dead camera's own row is

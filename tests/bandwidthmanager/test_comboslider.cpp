@@ -16,15 +16,12 @@ namespace {
 // Values land on the grid that starts at the minimum, from the user's slider as from setValue.
 TEST(ComboSlider, userMovesAndSetValueLandOnTheGrid)
 {
-    const struct
-    {
-        const char* scenario;
-        int minimum, maximum, step, input, expected;
-    } cases[] = {{"step 5 from 1 puts 8 on 6", 1, 125, 5, 8, 6},
-                 {"value on the grid stays", 1, 125, 5, 11, 11},
-                 {"step 0 keeps an off-grid value", 1, 125, 0, 8, 8},
-                 {"step 0 only clamps to the maximum", 1, 125, 0, 300, 125},
-                 {"grid starts at the minimum not at 0", 3, 100, 10, 27, 23}};
+    const struct { const char* scenario; int minimum, maximum, step, input, expected; } cases[] = {
+        {"step 5 from 1 puts 8 on 6", 1, 125, 5, 8, 6},
+        {"value on the grid stays", 1, 125, 5, 11, 11},
+        {"step 0 keeps an off-grid value", 1, 125, 0, 8, 8},
+        {"step 0 only clamps to the maximum", 1, 125, 0, 300, 125},
+        {"grid starts at the minimum not at 0", 3, 100, 10, 27, 23}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.scenario);
         ComboSlider combo;

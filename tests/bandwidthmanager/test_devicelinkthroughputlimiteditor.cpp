@@ -14,16 +14,10 @@ const QString kLimit = QStringLiteral("DeviceLinkThroughputLimit");
 const QString kMode = QStringLiteral("DeviceLinkThroughputLimitMode");
 const QString kSelector = QStringLiteral("DeviceLinkSelector");
 
-struct SRangeCase
-{
-    const char* scenario;
-    qint64 value, minimum, maximum, increment;
-    int sliderValue, sliderMinimum, sliderMaximum, sliderStep;
-};
+struct SRangeCase { const char* scenario; qint64 value, minimum, maximum, increment;
+    int sliderValue, sliderMinimum, sliderMaximum, sliderStep; };
 
-class DeviceLinkRange : public ::testing::TestWithParam<SRangeCase>
-{
-};
+class DeviceLinkRange : public ::testing::TestWithParam<SRangeCase> {};
 
 TEST_P(DeviceLinkRange, nodeInBytesPerSecondShowsInMB)
 {
@@ -50,18 +44,9 @@ INSTANTIATE_TEST_SUITE_P(
         SRangeCase{"value_below_half_a_MB_shows_the_minimum", 300000, 0, 400000000, 1, 1, 1, 400, 1}),
     [](const ::testing::TestParamInfo<SRangeCase>& info) { return std::string(info.param.scenario); });
 
-struct SModeCase
-{
-    const char* scenario;
-    bool present;
-    QStringList entries;
-    QString access;
-    QString expected;
-};
+struct SModeCase { const char* scenario; bool present; QStringList entries; QString access; QString expected; };
 
-class DeviceLinkMode : public ::testing::TestWithParam<SModeCase>
-{
-};
+class DeviceLinkMode : public ::testing::TestWithParam<SModeCase> {};
 
 TEST_P(DeviceLinkMode, isTurnedOnOnlyWhenOffered)
 {
@@ -108,16 +93,9 @@ TEST(DeviceLinkEditor, changeOnTheCameraMovesTheSliderWithoutWritingBack)
 // The slider moves in whole MB/s, setValue takes bytes per second; both write the nearest valid value.
 TEST(DeviceLinkEditor, sliderAndSetValueWriteTheNearestValidValue)
 {
-    const struct
-    {
-        const char* scenario;
-        qint64 increment;
-        bool slider;
-        int input;
-        int shown;
-        qint64 written;
-    } cases[] = {{"slider on a grid of 0.3 MB/s from 1.0", 300000, true, 2, 2, 1900000},
-                 {"setValue in bytes per second", 1, false, 87600000, 88, 88000000}};
+    const struct { const char* scenario; qint64 increment; bool slider; int input; int shown; qint64 written; } cases[] = {
+        {"slider on a grid of 0.3 MB/s from 1.0", 300000, true, 2, 2, 1900000},
+        {"setValue in bytes per second", 1, false, 87600000, 88, 88000000}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.scenario);
         auto parameters = QSharedPointer<CScriptedParameterCollection>::create();

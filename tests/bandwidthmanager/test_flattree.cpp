@@ -52,16 +52,9 @@ protected:
     FlatTree tree;
 };
 
-struct SLayerCase
-{
-    const char* scenario;
-    QList<QPair<QString, QList<CameraInfoPtr>>> layers;
-    QStringList outline;
-};
+struct SLayerCase { const char* scenario; QList<QPair<QString, QList<CameraInfoPtr>>> layers; QStringList outline; };
 
-class FlatTreeGigE : public FlatTreeTest, public ::testing::WithParamInterface<SLayerCase>
-{
-};
+class FlatTreeGigE : public FlatTreeTest, public ::testing::WithParamInterface<SLayerCase> {};
 
 TEST_P(FlatTreeGigE, buildsTheRowsOfTheTransportLayers)
 {
@@ -149,17 +142,10 @@ TEST_F(FlatTreeTest, stopMeasuringStopsAGrabbingCameraAndDeletesItsMeasuringCame
 }
 
 // The USB walk: a controller with a hub, scripted per scenario, and two cameras known to enumeration.
-struct SUsbCase
-{
-    const char* scenario;
-    std::function<void(CFakeNode& root)> bus;
-    QStringList outline;
-    QString logged;
+struct SUsbCase { const char* scenario; std::function<void(CFakeNode& root)> bus; QStringList outline; QString logged;
 };
 
-class FlatTreeUsb : public FlatTreeTest, public ::testing::WithParamInterface<SUsbCase>
-{
-};
+class FlatTreeUsb : public FlatTreeTest, public ::testing::WithParamInterface<SUsbCase> {};
 
 TEST_P(FlatTreeUsb, placesCamerasWhereTheySitOnTheBus)
 {

@@ -48,18 +48,11 @@ QSharedPointer<CScriptedParameterCollection> scripted(const SCamera& camera)
     return collection;
 }
 
-struct SPacingCase
-{
-    const char* scenario;
-    SCamera camera;
-    double shareMBs;
-    // Share of the frame period that a paced frame takes, and the paced rate, as need / period share.
-    double periodUse;
-};
+struct SPacingCase { const char* scenario; SCamera camera; double shareMBs;
+    /* Share of the frame period that a paced frame takes, and the paced rate, as need / period share. */
+    double periodUse; };
 
-class Pacing : public ::testing::TestWithParam<SPacingCase>
-{
-};
+class Pacing : public ::testing::TestWithParam<SPacingCase> {};
 
 TEST_P(Pacing, spreadsTheFrameWithoutLosingFrames)
 {
@@ -87,16 +80,9 @@ INSTANTIATE_TEST_SUITE_P(
         SPacingCase{"small_delay_range", SCamera{1000.0, 1500, 640 * 480, 30.0, 200000}, 30.0, 0.8}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
-struct SUntouchedCase
-{
-    const char* scenario;
-    SCamera camera;
-    double shareMBs;
-};
+struct SUntouchedCase { const char* scenario; SCamera camera; double shareMBs; };
 
-class LeftAlone : public ::testing::TestWithParam<SUntouchedCase>
-{
-};
+class LeftAlone : public ::testing::TestWithParam<SUntouchedCase> {};
 
 TEST_P(LeftAlone, givesMinusOneAndWritesNothing)
 {

@@ -11,16 +11,9 @@ using namespace Plugin::BandwidthManager;
 
 namespace {
 
-struct SPlaceCase
-{
-    const char* name;
-    SLossTotals totals;
-    ELossPlace place;
-};
+struct SPlaceCase { const char* name; SLossTotals totals; ELossPlace place; };
 
-class LossPlaceOf : public ::testing::TestWithParam<SPlaceCase>
-{
-};
+class LossPlaceOf : public ::testing::TestWithParam<SPlaceCase> {};
 
 TEST_P(LossPlaceOf, theCounterThatLostMost)
 {

@@ -51,15 +51,8 @@ public:
 
 // A GigE camera whose throughput falls with the inter-packet delay and whose
 // probe leaves the packet size at `probed`.
-struct SCameraScript
-{
-    double maximumMBs = 300.0;
-    qint64 packetSize = 1500;
-    qint64 probed = 1500;
-    bool measured = true;
-    // A frame rate that keeps the camera below this, in MB/s; 0 for none.
-    double frameBoundMBs = 0.0;
-};
+struct SCameraScript { double maximumMBs = 300.0; qint64 packetSize = 1500; qint64 probed = 1500; bool measured = true;
+    /* A frame rate that keeps the camera below this, in MB/s; 0 for none. */ double frameBoundMBs = 0.0; };
 
 // The network layer over in-memory seams: adapters with an address and a link speed.
 struct SNetwork
@@ -193,23 +186,12 @@ public:
     BandwidthTreeWidget tree;
 };
 
-struct SShareCase
-{
-    const char* scenario;
-    uint64_t linkSpeed;
-    std::vector<SCameraScript> cameras;
-    std::function<void(OptimizationTest&)> arrange;
-    // Per camera, in the order they were added.
-    std::vector<std::vector<int>> limiterValues;
-    std::vector<qint64> frameDelays;
-    double usedBandwidth;
-    // GevSCPD after the run, where the case states it.
-    std::vector<qint64> packetDelays = {};
-};
+struct SShareCase { const char* scenario; uint64_t linkSpeed; std::vector<SCameraScript> cameras;
+    std::function<void(OptimizationTest&)> arrange; /* Per camera, in the order they were added. */
+    std::vector<std::vector<int>> limiterValues; std::vector<qint64> frameDelays; double usedBandwidth;
+    /* GevSCPD after the run, where the case states it. */ std::vector<qint64> packetDelays = {}; };
 
-class Shares : public OptimizationTest, public ::testing::WithParamInterface<SShareCase>
-{
-};
+class Shares : public OptimizationTest, public ::testing::WithParamInterface<SShareCase> {};
 
 TEST_P(Shares, fillTheBudgetFromTheSlowestCamera)
 {
@@ -256,21 +238,11 @@ INSTANTIATE_TEST_SUITE_P(
                    25.0 + 87.0 - 1.0, {11000, 2448}}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
-struct SProbeCase
-{
-    const char* scenario;
-    qint64 before;
-    qint64 probed;
-    std::function<void(CScriptedParameterCollection&)> arrange;
-    qint64 packetSize;
-    bool changed;
-    bool limited;
-    bool defaulted;
-};
+struct SProbeCase { const char* scenario; qint64 before; qint64 probed;
+    std::function<void(CScriptedParameterCollection&)> arrange; qint64 packetSize; bool changed; bool limited;
+    bool defaulted; };
 
-class Probe : public OptimizationTest, public ::testing::WithParamInterface<SProbeCase>
-{
-};
+class Probe : public OptimizationTest, public ::testing::WithParamInterface<SProbeCase> {};
 
 TEST_P(Probe, setsWhatThePathCarries)
 {
@@ -354,16 +326,10 @@ TEST_F(OptimizationTest, unmeasuredCameraAmongTwoStopsTheAdapterInTheSortButTheS
     EXPECT_TRUE(failures.contains(QStringLiteral("Invalid camera object received."))) << failures.join('\n').toStdString();
 }
 
-struct SLinkSpeedCase
-{
-    const char* scenario;
-    std::function<void(SNetwork&)> arrange;
-    QStringList logged; // "%1" stands for the adapter row's text
-};
+struct SLinkSpeedCase { const char* scenario; std::function<void(SNetwork&)> arrange;
+    QStringList logged; /* "%1" stands for the adapter row's text */ };
 
-class LinkSpeed : public OptimizationTest, public ::testing::WithParamInterface<SLinkSpeedCase>
-{
-};
+class LinkSpeed : public OptimizationTest, public ::testing::WithParamInterface<SLinkSpeedCase> {};
 
 TEST_P(LinkSpeed, unknownFallsBackToOneGigabit)
 {
