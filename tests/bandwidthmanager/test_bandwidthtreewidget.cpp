@@ -201,16 +201,11 @@ INSTANTIATE_TEST_SUITE_P(
         SStartFailureCase{"camera_that_will_not_open", [](TreeWidgetTest& t) { t.control->setOpenFails("gev-1"); }, 1,
                           "Error accessing camera! (Could not create camera)"},
         SStartFailureCase{"second_start_of_a_camera_whose_sample_fails",
-                          [](TreeWidgetTest& t) {
-                              t.collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100);
-                          },
+                          [](TreeWidgetTest& t) { t.collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100); },
                           2, "Error accessing camera! (Failed to get sample)"},
         SStartFailureCase{"grab_that_will_not_start_during_an_analysis",
-                          [](TreeWidgetTest& t) {
-                              t.control->setGrabFails("gev-1");
-                              t.tree.startAcquisition();
-                          },
-                          1, "Error accessing camera! (Could not start grab.)"}),
+                          [](TreeWidgetTest& t) { t.control->setGrabFails("gev-1"), t.tree.startAcquisition(); }, 1,
+                          "Error accessing camera! (Could not start grab.)"}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
 class ConnectionLoss : public TreeWidgetTest, public ::testing::WithParamInterface<bool> {};
@@ -299,9 +294,8 @@ TEST_F(TreeWidgetTest, acquisitionGrabsCountsAndStops)
     tree.startAcquisition();
     const QSharedPointer<CFakeCamera> camera = control->camera("gev-1");
     ASSERT_TRUE(camera->isGrabbing());
-    camera->grab(true, 1000);
-    camera->grab(true, 1000);
-    camera->grab(false, 0);
+    for (const bool good : {true, true, false})
+        camera->grab(good, 1000);
     tree.updateSamples();
     EXPECT_EQ(row("gev-1")->text(6), QStringLiteral("2"));
     EXPECT_EQ(row("gev-1")->text(7), QStringLiteral("1"));

@@ -64,22 +64,19 @@ struct SNetwork
 
     void add(const char* address, uint64_t linkSpeed)
     {
-        const std::string guid = "{" + std::to_string(adapters->m_entries.size() + 1) + "}";
-        registry->SetString(std::string(CfgApi::CNetworkAdapter::kClassKey) + "\\000" +
-                                std::to_string(adapters->m_entries.size()),
-                            "NetCfgInstanceId", guid);
+        const std::string index = std::to_string(adapters->m_entries.size());
+        const std::string guid = "{" + index + "}";
+        registry->SetString(std::string(CfgApi::CNetworkAdapter::kClassKey) + "\\000" + index, "NetCfgInstanceId", guid);
         Baselibs::SPlatformAdapterEntry entry;
-        entry.adapterName = guid;
-        entry.friendlyName = "eth" + std::to_string(adapters->m_entries.size());
+        std::tie(entry.adapterName, entry.friendlyName, entry.operUp, entry.receiveLinkSpeed) =
+            std::make_tuple(guid, "eth" + index, true, linkSpeed);
         entry.physicalAddress = {0x00, 0x1B, 0x21, 0x01, 0x02, uint8_t(adapters->m_entries.size())};
-        entry.operUp = true;
         Baselibs::SUnicastAddress unicast;
         unicast.family = AF_INET;
         const uint32_t raw = inet_addr(address);
         std::memcpy(unicast.address, &raw, 4);
         unicast.onLinkPrefixLength = 24;
         entry.unicastAddresses = {unicast};
-        entry.receiveLinkSpeed = linkSpeed;
         adapters->m_entries.push_back(entry);
     }
 
@@ -220,14 +217,12 @@ INSTANTIATE_TEST_SUITE_P(
     Optimization, Shares,
     ::testing::Values(
         SShareCase{"one_camera_on_1000_mbit_gets_112_of_112_5", 1000000000, {{}}, {}, {{112}}, {0}, 111.0},
-        SShareCase{"the_slower_camera_is_served_first_and_its_rest_flows_on",
-                   1000000000, {{300.0}, {50.0}}, {}, {{62}, {56}}, {1518, 0}, 50.0 + 62.0 - 1.0},
-        SShareCase{"a_camera_reporting_minus_one_takes_nothing_from_the_budget",
-                   1000000000, {{300.0}, {50.0}},
+        SShareCase{"the_slower_camera_is_served_first_and_its_rest_flows_on", 1000000000, {{300.0}, {50.0}}, {},
+                   {{62}, {56}}, {1518, 0}, 50.0 + 62.0 - 1.0},
+        SShareCase{"a_camera_reporting_minus_one_takes_nothing_from_the_budget", 1000000000, {{300.0}, {50.0}},
                    [](OptimizationTest& t) {
                        t.limiters[1]->afterSetValue = [&t] { t.collections[1]->setAccessMode("GevSCDCT", "NA"); };
-                   },
-                   {{112}, {56}}, {1518, 0}, 112.0 - 1.0},
+                   }, {{112}, {56}}, {1518, 0}, 112.0 - 1.0},
         SShareCase{"a_share_below_one_megabyte_reaches_the_limiter_as_0", 8000000, {{}}, {}, {{0}}, {0}, 2.97 - 1.0},
         SShareCase{"packet_size_8192_staggers_the_second_camera_by_8210",
                    1000000000, {{100.0, 1500, 8192}, {100.0, 1500, 8192}}, {}, {{56}, {56}}, {0, 8210}, 111.0},
@@ -266,9 +261,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         SProbeCase{"probe_leaving_1400_falls_back_to_1500", 1400, 1400, {}, 1500, true, true, true},
         SProbeCase{"fallback_corrected_by_the_camera_is_not_defaulted", 1400, 1400,
-                   [](CScriptedParameterCollection& camera) {
-                       camera.setWriteLaw("GevSCPSPacketSize", [](const QVariant&) { return QVariant(qint64(1496)); });
-                   },
+                   [](CScriptedParameterCollection& c) { c.setWriteLaw("GevSCPSPacketSize", [](auto&) { return 1496; }); },
                    1496, true, true, false},
         SProbeCase{"probe_raising_1500_to_9000", 1500, 9000, {}, 9000, true, false, false},
         SProbeCase{"probe_leaving_1500_alone", 1500, 1500, {}, 1500, false, true, false}),
