@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <vector>
-#include <cstdio>
 #include <cstdlib>
 
 using namespace ParameterFakes;
@@ -174,7 +173,6 @@ TEST_P(LinkModelCamera, wishesAreMetInFewWrites)
         EXPECT_LE(writes, 8) << "wish " << wish;
     }
     std::sort(counts.begin(), counts.end());
-    printf("delay writes per wish: median %d, most %d\n", counts[counts.size() / 2], counts.back());
     EXPECT_LE(counts[counts.size() / 2], 4) << "median writes";
 
     frameRateCap = 0.3 * double(fastest) * 1e6;
