@@ -149,50 +149,31 @@ TEST_F(BandwidthManagerPluginTest, ContextEntryHidesForEmulatedCamerasOnly)
     EXPECT_TRUE(action("BandwidthManager.Start")->isVisible());
 }
 
-TEST_F(BandwidthManagerPluginTest, NoToTheStopGrabsBoxLeavesTheCamerasAlone)
+// Two starts of the Tools entry while a camera grabs; a ticked No is not remembered, a ticked Yes is.
+TEST_F(BandwidthManagerPluginTest, StopGrabsBoxAsksUnlessYesWasSaved)
 {
-    const auto status = addService<CFakeCameraStatusService>();
-    const auto streams = addService<CFakeCameraStreamControlService>();
-    status->setGrabbing(QStringLiteral("gev-1"), true);
-    startWithMenus();
-
-    CModalResponder responder;
-    responder.expect(CModalResponder::clickButton(QMessageBox::No, true));
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), QStringList{"MessageBoxCheckable"});
-    EXPECT_TRUE(streams->calls().isEmpty());
-
-    // A ticked No is not remembered: the box comes again.
-    responder.expect(CModalResponder::clickButton(QMessageBox::No));
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), (QStringList{"MessageBoxCheckable", "MessageBoxCheckable"}));
-}
-
-TEST_F(BandwidthManagerPluginTest, SavedYesStopsGrabsWithoutTheBox)
-{
-    const auto status = addService<CFakeCameraStatusService>();
-    const auto streams = addService<CFakeCameraStreamControlService>();
-    status->setGrabbing(QStringLiteral("gev-1"), true);
-    startWithMenus();
-
-    CModalResponder responder;
-    responder.expect(CModalResponder::clickButton(QMessageBox::Yes, true));
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), (QStringList{"MessageBoxCheckable", "BandwidthDialog"}));
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), (QStringList{"MessageBoxCheckable", "BandwidthDialog", "BandwidthDialog"}));
-    EXPECT_EQ(streams->calls(), (QStringList{"stopAllGrabs", "stopAllGrabs"}));
-}
-
-TEST_F(BandwidthManagerPluginTest, WithoutStatusServiceTheDialogOpensAtOnce)
-{
-    const auto streams = addService<CFakeCameraStreamControlService>();
-    startWithMenus();
-
-    CModalResponder responder;
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), QStringList{"BandwidthDialog"});
-    EXPECT_TRUE(streams->calls().isEmpty());
+    const struct { const char* scenario; bool status; int answer; QStringList seen; QStringList stops; } cases[] = {
+        {"no_leaves_the_cameras_alone", true, QMessageBox::No, {"MessageBoxCheckable", "MessageBoxCheckable"}, {}},
+        {"saved_yes_stops_grabs_without_the_box", true, QMessageBox::Yes,
+         {"MessageBoxCheckable", "BandwidthDialog", "BandwidthDialog"}, {"stopAllGrabs", "stopAllGrabs"}},
+        {"without_status_service_the_dialog_opens_at_once", false, 0, {"BandwidthDialog", "BandwidthDialog"}, {}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.scenario);
+        MessageBoxCheckable::forgetSavedAnswer(QStringLiteral("BandwidthManagerStopGrabs"));
+        m_manager = Core::Plugin::PluginManagerPtr::create();
+        if (c.status)
+            addService<CFakeCameraStatusService>()->setGrabbing(QStringLiteral("gev-1"), true);
+        const auto streams = addService<CFakeCameraStreamControlService>();
+        startWithMenus();
+        CModalResponder responder;
+        for (int start = 0; start < 2; ++start) {
+            responder.expect(CModalResponder::clickButton(c.answer, true));
+            action("BandwidthManager.Start")->trigger();
+        }
+        EXPECT_EQ(responder.seen(), c.seen);
+        EXPECT_EQ(streams->calls(), c.stops);
+        delete m_plugin.data();
+    }
 }
 
 TEST_F(BandwidthManagerPluginTest, DeviceStateHandleGoesBackUnchanged)
