@@ -86,11 +86,9 @@ INSTANTIATE_TEST_SUITE_P(
                    {{"DorvikGigE", {CFakeCameraInfo::create("G", "gev", "GEV", {{"Interface", "127.0.0.1"}})}}},
                    {"DorvikGigE", "DorvikGigE/lo", "DorvikGigE/lo/G *"}},
         SLayerCase{"non_gev_camera_in_the_gige_list_has_no_row",
-                   {{"DorvikGigE", {CFakeCameraInfo::create("U", "u3v", "U3V", {{"Interface", "192.0.2.7"}})}}},
-                   {}},
+                   {{"DorvikGigE", {CFakeCameraInfo::create("U", "u3v", "U3V", {{"Interface", "192.0.2.7"}})}}}, {}},
         SLayerCase{"filtered_and_empty_layers_have_no_row",
-                   {{"CamEmu", {CFakeCameraInfo::create("E", "emu", "GEV")}}, {"DorvikGigE", {}}},
-                   {}}),
+                   {{"CamEmu", {CFakeCameraInfo::create("E", "emu", "GEV")}}, {"DorvikGigE", {}}}, {}}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
 TEST_F(FlatTreeTest, findByKeyGivesTheFirstOfTwoEqualKeys)

@@ -133,35 +133,24 @@ public:
         }
     }
 
+    // Throughput at delay d is maximum * 1000 / (1000 + d), capped by the frame rate where there is one.
     static QSharedPointer<CScriptedParameterCollection> scripted(const SCameraScript& script)
     {
         auto collection = QSharedPointer<CScriptedParameterCollection>::create();
-        collection->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
-        collection->addInteger(QStringLiteral("GevSCPD"), 0, 0, 100000);
-        collection->addInteger(QStringLiteral("GevSCDCT"), 0, 0, 1000000000, 1, "RO");
-        setThroughputLaw(collection, script.maximumMBs, script.frameBoundMBs);
-        collection->addInteger(QStringLiteral("GevSCPSPacketSize"), script.packetSize, 576, 9000);
-        collection->addInteger(QStringLiteral("GevSCFTD"), 0, 0, 1000000000);
-        collection->addCommand(QStringLiteral("@StreamGrabber0/ProbePacketSize"));
-        const qint64 probed = script.probed;
         CScriptedParameterCollection* raw = collection.data();
-        collection->setAfterWrite(QStringLiteral("@StreamGrabber0/ProbePacketSize"), [raw, probed](const QVariant&) {
-            raw->setValue(QStringLiteral("GevSCPSPacketSize"), probed);
+        raw->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
+        raw->addInteger(QStringLiteral("GevSCPD"), 0, 0, 100000);
+        raw->addInteger(QStringLiteral("GevSCDCT"), 0, 0, 1000000000, 1, "RO");
+        raw->setValueLaw(QStringLiteral("GevSCDCT"), [raw, script] {
+            const double link = script.maximumMBs * 1e9 / (1000.0 + raw->value(QStringLiteral("GevSCPD")).toDouble());
+            return QVariant(qint64(script.frameBoundMBs > 0.0 ? std::min(link, script.frameBoundMBs * 1e6) : link));
         });
+        raw->addInteger(QStringLiteral("GevSCPSPacketSize"), script.packetSize, 576, 9000);
+        raw->addInteger(QStringLiteral("GevSCFTD"), 0, 0, 1000000000);
+        raw->addCommand(QStringLiteral("@StreamGrabber0/ProbePacketSize"));
+        raw->setAfterWrite(QStringLiteral("@StreamGrabber0/ProbePacketSize"),
+                           [raw, script](const QVariant&) { raw->setValue(QStringLiteral("GevSCPSPacketSize"), script.probed); });
         return collection;
-    }
-
-    // Throughput at delay d is maximum * 1000 / (1000 + d), capped by the
-    // frame rate where there is one: the device's own figure.
-    static void setThroughputLaw(const QSharedPointer<CScriptedParameterCollection>& collection, double maximumMBs,
-                                 double frameBoundMBs = 0.0)
-    {
-        CScriptedParameterCollection* raw = collection.data();
-        collection->setValueLaw(QStringLiteral("GevSCDCT"), [raw, maximumMBs, frameBoundMBs] {
-            const qint64 delay = raw->value(QStringLiteral("GevSCPD")).toLongLong();
-            const double link = maximumMBs * 1e6 * 1000.0 / (1000.0 + double(delay));
-            return QVariant(qint64(frameBoundMBs > 0.0 ? std::min(link, frameBoundMBs * 1e6) : link));
-        });
     }
 
     FlatTreeItem& item(const QString& key) { return tree.model()->item(tree.model()->findByKey(key)); }
