@@ -12,7 +12,6 @@
 
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <qwt_plot_curve.h>
@@ -303,6 +302,8 @@ TEST_F(TreeWidgetTest, acquisitionGrabsCountsAndStops)
 
     tree.resetStatistics();
     EXPECT_EQ(row("gev-1")->text(6), QStringLiteral("0"));
+    collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100);
+    EXPECT_NO_THROW(tree.updateSamples()) << "a camera whose sample fails does not end the tick";
     tree.stopAcquisition();
     EXPECT_FALSE(camera->isGrabbing());
     EXPECT_EQ(tree.measuredCameraCount(), 1u) << "stopping leaves the ticked camera measured";
@@ -339,13 +340,6 @@ TEST_F(TreeWidgetTest, theSessionRecordsEveryTickOfTheMeasuredCamerasForThePlotA
         EXPECT_EQ(plot.errorCurve(index)->dataSize(), index == 1 ? 1u : 0u) << "the failed grab, where it happened";
     }
     EXPECT_EQ(session.history().cameras()[1].points.back().images, 2u);
-
-    QTemporaryDir dir;
-    QString error;
-    ASSERT_TRUE(session.save(QString(), dir.filePath("run.csv"), &error)) << error.toStdString();
-    QFile csv(dir.filePath("run.csv"));
-    ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
-    EXPECT_EQ(csv.readAll().count('\n'), 1 + 6);
 }
 
 } // namespace
