@@ -31,6 +31,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cstring>
 #include <memory>
 #include <tuple>
 
@@ -326,24 +327,23 @@ const char DefaultRemark[] =
     "<br>The <b>Packet Size</b> setting could not be optimized. A default value of 1500 has been set.";
 const char NothingChanged[] = "Settings have been checked and are ok. No changes have been made.";
 
-struct SResultCase { const char* name;
-    bool packetSize, interPacketDelay, frameTransmissionDelay, limited, tooMany, defaulted; QString text;
-    QStringList unsetCameras = {}; QString icon = InfoIcon; };
+// Flags: the packet size, inter-packet delay and frame transmission delay changed; the packet size limited,
+// too many cameras, the packet size defaulted.
+struct SResultCase { const char* flags; QString text; QStringList unsetCameras = {}; QString icon = InfoIcon; };
 
 class ResultLine : public BandwidthDialogTest, public ::testing::WithParamInterface<SResultCase> {};
 
 TEST_P(ResultLine, NamesWhatTheOptimizationChanged)
 {
     const SResultCase& c = GetParam();
+    const auto has = [&c](char flag) { return std::strchr(c.flags, flag) != nullptr; };
     auto* tree = treeOf(1);
     const auto dialog = makeDialog(tree);
     BandwidthTreeWidget::SOptimizationResult result;
-    result.packetSizeChanged = c.packetSize;
-    result.interPacketDelayChanged = c.interPacketDelay;
-    result.frameTransmissionDelayChanged = c.frameTransmissionDelay;
-    result.packetSizeLimited = c.limited;
-    result.tooManyCameras = c.tooMany;
-    result.packetSizeDefaulted = c.defaulted;
+    std::tie(result.packetSizeChanged, result.interPacketDelayChanged, result.frameTransmissionDelayChanged) =
+        std::make_tuple(has('P'), has('I'), has('F'));
+    std::tie(result.packetSizeLimited, result.tooManyCameras, result.packetSizeDefaulted) =
+        std::make_tuple(has('L'), has('T'), has('D'));
     result.unsetCameras = c.unsetCameras;
     emit tree->optimizedGigECamera(result);
 
@@ -360,29 +360,19 @@ TEST_P(ResultLine, NamesWhatTheOptimizationChanged)
 INSTANTIATE_TEST_SUITE_P(
     Dialog, ResultLine,
     ::testing::Values(
-        SResultCase{"all_three", true, true, true, false, false, false,
-                    "The <b>Packet Size</b>, <b>Inter-Packet Delay</b> and <b>Frame Transmission Delay</b> settings "
-                    "have been optimized."},
-        SResultCase{"packet_size_and_delay", true, true, false, false, false, false,
-                    "The <b>Packet Size</b> and <b>Inter-Packet Delay</b> settings has been optimized."},
-        SResultCase{"packet_size_and_transmission_delay", true, false, true, false, false, false,
-                    "The <b>Packet Size</b> and <b>Frame Transmission Delay</b> settings has been optimized."},
-        SResultCase{"packet_size", true, false, false, false, false, false,
-                    "The <b>Packet Size</b> setting has been optimized"},
-        SResultCase{"both_delays", false, true, true, false, false, false,
-                    "The <b>Inter-Packet Delay</b> and <b>Frame Transmission Delay</b> settings has been optimized."},
-        SResultCase{"inter_packet_delay", false, true, false, false, false, false,
-                    "The <b>Inter-Packet Delay</b> setting has been optimized"},
-        SResultCase{"frame_transmission_delay", false, false, true, false, false, false,
-                    "The <b>Frame Transmission Delay</b> setting has been optimized"},
-        SResultCase{"nothing_changed", false, false, false, false, false, false, NothingChanged},
-        SResultCase{"remarks_follow_in_their_order", false, false, false, true, true, true,
-                    QString(NothingChanged) + MaximumRemark + TooManyRemark + DefaultRemark},
-        SResultCase{"cameras_that_could_not_be_set_are_named_with_a_warning", false, true, false, false, false, false,
-                    "The <b>Inter-Packet Delay</b> setting has been optimized<br>These cameras did not answer and could "
-                    "not be set: cam&lt;2&gt;, cam3",
-                    {"cam<2>", "cam3"}, WarningIcon}),
-    [](const ::testing::TestParamInfo<SResultCase>& info) { return std::string(info.param.name); });
+        SResultCase{"PIF", "The <b>Packet Size</b>, <b>Inter-Packet Delay</b> and <b>Frame Transmission Delay</b> settings "
+                           "have been optimized."},
+        SResultCase{"PI", "The <b>Packet Size</b> and <b>Inter-Packet Delay</b> settings has been optimized."},
+        SResultCase{"PF", "The <b>Packet Size</b> and <b>Frame Transmission Delay</b> settings has been optimized."},
+        SResultCase{"P", "The <b>Packet Size</b> setting has been optimized"},
+        SResultCase{"IF", "The <b>Inter-Packet Delay</b> and <b>Frame Transmission Delay</b> settings has been optimized."},
+        SResultCase{"I", "The <b>Inter-Packet Delay</b> setting has been optimized"},
+        SResultCase{"F", "The <b>Frame Transmission Delay</b> setting has been optimized"},
+        SResultCase{"", NothingChanged},
+        SResultCase{"LTD", QString(NothingChanged) + MaximumRemark + TooManyRemark + DefaultRemark},
+        SResultCase{"I_unset", "The <b>Inter-Packet Delay</b> setting has been optimized<br>These cameras did not answer and "
+                               "could not be set: cam&lt;2&gt;, cam3", {"cam<2>", "cam3"}, WarningIcon}),
+    [](const ::testing::TestParamInfo<SResultCase>& info) { return *info.param.flags ? info.param.flags : std::string("none"); });
 
 TEST_F(BandwidthDialogTest, CheckStatesStartAndStopCameras)
 {

@@ -269,15 +269,7 @@ TEST(HostFixPersistence, goesThroughWhoeverManagesTheLink)
     EXPECT_NE(error.find(".link files"), std::string::npos) << error;
 
     // NetworkManager: one property of the link's connection, after the helper applied it live.
-    struct SCase
-    {
-        HostFix::SFix fix;
-        QString connection;
-        int modifyStatus;
-        QStringList modify;
-        bool kept;
-    };
-    const SCase cases[] = {
+    const struct { HostFix::SFix fix; QString connection; int modifyStatus; QStringList modify; bool kept; } cases[] = {
         {{EKind::Mtu, "eth1", 9000}, "Wired 1", 0, {"connection", "modify", "Wired 1", "802-3-ethernet.mtu", "9000"}, true},
         {{EKind::RxRing, "eth1", 4096}, "Wired 1", 0, {"connection", "modify", "Wired 1", "ethtool.ring-rx", "4096"}, true},
         {{EKind::Coalescing, "eth1", HostFix::Adaptive}, "Wired 1", 0,
@@ -285,7 +277,7 @@ TEST(HostFixPersistence, goesThroughWhoeverManagesTheLink)
         {{EKind::Mtu, "eth1", 9000}, "Wired 1", 10, {"connection", "modify", "Wired 1", "802-3-ethernet.mtu", "9000"}, false},
         {{EKind::Mtu, "eth1", 9000}, "--", 0, {}, false},
     };
-    for (const SCase& c : cases) {
+    for (const auto& c : cases) {
         QStringList modified;
         const auto runner = [&](const QString& program, const QStringList& arguments, QString* output) {
             if (program == QLatin1String("/usr/bin/pkexec")) {
