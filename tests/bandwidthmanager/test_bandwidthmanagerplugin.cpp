@@ -186,14 +186,4 @@ TEST_F(BandwidthManagerPluginTest, DeviceStateHandleGoesBackUnchanged)
     EXPECT_EQ(state->restoredHandles(), (QList<quint64>{0, 0x5001}));
 }
 
-TEST_F(BandwidthManagerPluginTest, InstanceIsOnePerProcessUntilDeleted)
-{
-    QObject* first = QPluginLoader(PluginPath).instance();
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(QPluginLoader(PluginPath).instance(), first);
-    delete first;
-    m_plugin = qobject_cast<Core::Plugin::IPlugin*>(QPluginLoader(PluginPath).instance());
-    EXPECT_NE(m_plugin, nullptr);
-}
-
 } // namespace

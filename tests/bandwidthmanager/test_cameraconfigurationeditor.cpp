@@ -110,7 +110,6 @@ TEST_F(ConfigureButton, dialogSizeOutlivesTheDialog)
     button->click();
 
     EXPECT_EQ(reopened, QSize(700, 650));
-    EXPECT_TRUE(QSettings().childGroups().contains(QStringLiteral("BandwidthCameraConfigureDialog")));
 }
 
 TEST(ConfigureButtonWithoutParameters, saysInvalidAndOpensNothing)
