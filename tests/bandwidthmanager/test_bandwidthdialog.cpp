@@ -169,9 +169,7 @@ TEST_P(StopAfterSettings, AreReadBackWithTheSpinBoxClamps)
     EXPECT_EQ(widget<QCheckBox>(dialog, "checkStopAfter")->isChecked(), c.checked);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialog, StopAfterSettings,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Dialog, StopAfterSettings, ::testing::Values(
         SStopAfterCase{"nothing_stored_gives_30_seconds_off", {}, {}, {}, 30, 0, 2147483, false},
         SStopAfterCase{"stored_500_comes_back_as_99", 500, 0, {}, 99, 0, 2147483, false},
         SStopAfterCase{"stored_0_comes_back_as_1", 0, 0, {}, 1, 0, 2147483, false},
@@ -257,8 +255,7 @@ TEST_P(ButtonStates, FollowRowsAndRunState)
     EXPECT_EQ(widget<QComboBox>(dialog, "comboTimeUnits")->isEnabled(), c.timeEnabled);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialog, ButtonStates,
+INSTANTIATE_TEST_SUITE_P(Dialog, ButtonStates,
     ::testing::Values(SButtonCase{"no_camera_row", 0, 0, false, false, false, false, false, true, false},
                       SButtonCase{"cameras_but_none_measured", 2, 0, false, false, true, false, false, true, false},
                       SButtonCase{"a_measured_camera", 2, 1, false, false, true, true, false, true, false},
@@ -292,9 +289,7 @@ TEST_P(HintLine, FirstMatchingRuleWins)
     EXPECT_TRUE(widget<QLabel>(dialog, "labelHintText2")->isHidden());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialog, HintLine,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Dialog, HintLine, ::testing::Values(
         SHintCase{"no_camera_row", 0, {}, {}, false, 0, -1, WarningIcon,
                   "No camera connected!<br/>Connect at least one USB camera to the computer. After the camera has been "
                   "detected by the zenta Viewer, you are ready to use the Bandwidth Manager."},
@@ -310,8 +305,7 @@ INSTANTIATE_TEST_SUITE_P(
         // Every measured camera was lost during the analysis.
         SHintCase{"running_with_nothing_measured", 1, {}, {}, true, 2, -1, InfoIcon,
                   RunningHint + "<br/><br/><b>No camera is being measured.</b> A camera lost during the analysis is measured again "
-                  "when it comes back.",
-                  0},
+                  "when it comes back.", 0},
         SHintCase{"camera_with_a_limit", 1, {}, {}, false, 2, 5000000, InfoIcon,
                   "The current value for <b>Cam A</b> is: <b>..."},
         SHintCase{"camera_without_a_limit", 1, {}, {}, false, 2, -1, InfoIcon, GeneralHintStart + "..."},
@@ -357,9 +351,7 @@ TEST_P(ResultLine, NamesWhatTheOptimizationChanged)
     EXPECT_TRUE(line->isHidden());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialog, ResultLine,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Dialog, ResultLine, ::testing::Values(
         SResultCase{"PIF", "The <b>Packet Size</b>, <b>Inter-Packet Delay</b> and <b>Frame Transmission Delay</b> settings "
                            "have been optimized."},
         SResultCase{"PI", "The <b>Packet Size</b> and <b>Inter-Packet Delay</b> settings has been optimized."},
@@ -491,9 +483,7 @@ TEST_P(GigEOfferAndPreselection, FollowTheCurrentDevice)
     EXPECT_EQ(log.contains(QStringLiteral("All GigE cameras are being optimized.")), c.offered);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialog, GigEOfferAndPreselection,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Dialog, GigEOfferAndPreselection, ::testing::Values(
         SOfferCase{"idle_gige_camera_current", "GEV", false, true,
                    {"startCameraByKey:gev-1", "startCameraByKey:gev-2", "startCameraByKey:current"}},
         SOfferCase{"grabbing_gige_camera_is_not_preselected", "GEV", true, true,

@@ -92,8 +92,7 @@ TEST_P(LimiterWish, isMetWithin1MBOrEndsAtTheSmallestDelay)
     EXPECT_LE(writes() - writesBefore, c.maxWrites);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Wishes, LimiterWish,
+INSTANTIATE_TEST_SUITE_P(Wishes, LimiterWish,
     ::testing::Values(SWishCase{"below_the_current_rate", 1000, 1000000000, 40, 1, 32, -1, 40},
                       SWishCase{"near_the_slow_end", 1000, 1000000000, 5, 1, 32, -1, 5},
                       SWishCase{"above_the_current_rate", 1000, 1000000000, 110, 1, 32, -1, 110},
@@ -181,8 +180,7 @@ TEST_P(LinkModelCamera, wishesAreMetInFewWrites)
     EXPECT_EQ(limiter.value(), megabytes(qint64(frameRateCap)));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Links, LinkModelCamera,
+INSTANTIATE_TEST_SUITE_P(Links, LinkModelCamera,
     ::testing::Values(SLinkCase{1500, 100, 125000000}, SLinkCase{8192, 100, 1000000000},
                       SLinkCase{9000, 100, 125000000}, SLinkCase{1500, 1000, 1000000000},
                       SLinkCase{8192, 1000, 125000000}, SLinkCase{9000, 1000, 1000000000},
@@ -215,8 +213,7 @@ TEST_P(LimiterWithoutSearch, isDisabledAt112Of1To125AndWritesNothing)
     EXPECT_EQ(parameters->writeCount(kDelay), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cameras, LimiterWithoutSearch,
+INSTANTIATE_TEST_SUITE_P(Cameras, LimiterWithoutSearch,
     ::testing::Values(SDisabledCase{"camera_without_GevSCDCT", false, "RW"},
                       SDisabledCase{"read_only_delay", true, "RO"}),
     [](const ::testing::TestParamInfo<SDisabledCase>& info) { return std::string(info.param.scenario); });

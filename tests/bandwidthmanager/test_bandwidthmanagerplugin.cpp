@@ -108,8 +108,7 @@ TEST_P(ShellWiring, NarrowsWhatIsOfferedToWhatTheHostHas)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Plugin, ShellWiring,
+INSTANTIATE_TEST_SUITE_P(Plugin, ShellWiring,
     ::testing::Values(SShellCase{"every_service", true, true, true, true, true, true, 1, 1},
                       SShellCase{"no_menu_service", false, false, false, true, false, false, 0, 0},
                       SShellCase{"no_tools_menu_means_no_solution", true, false, true, true, false, true, 0, 1},

@@ -84,9 +84,7 @@ TEST_P(MeasuringCameraCounting, countsImagesAndErrors)
     EXPECT_EQ(sample.errors, c.errors);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Grabs, MeasuringCameraCounting,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Grabs, MeasuringCameraCounting, ::testing::Values(
         SCountingCase{"failed grab is an error and not an image", {kUnderrun}, kUnderrun, "+-+", {}, 2, 1},
         SCountingCase{"frame lost by the stream grabber counts in both", {kUnderrun}, kUnderrun, "+", {3}, 4, 3},
         SCountingCase{"counter that fell adds nothing and becomes the base", {kUnderrun}, kUnderrun, "", {5, 2, 4}, 7, 7},
@@ -211,8 +209,7 @@ TEST_P(MeasuringCameraTrigger, walksSelectorAndPutsItBack)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Walks, MeasuringCameraTrigger,
+INSTANTIATE_TEST_SUITE_P(Walks, MeasuringCameraTrigger,
     ::testing::Values(STriggerCase{"software_trigger_on", "On", "Software", EScriptedAccess::Query, true, true},
                       STriggerCase{"hardware_trigger_on", "On", "Line1", EScriptedAccess::Query, true, false},
                       STriggerCase{"no_trigger_on", "Off", "Software", EScriptedAccess::Query, false, false},
@@ -347,8 +344,7 @@ TEST_F(MeasuringCameraTest, gigEWritesItsTransportLayerSettingsThenRunsTheBase)
         gigE().initParameters();
         if (c.present) {
             EXPECT_EQ((QVariantList{parameters->value(kHeartbeat), parameters->value(kWriteTimeout),
-                                    parameters->value(kDuplication), parameters->value(kRetries)}),
-                      c.expected);
+                                    parameters->value(kDuplication), parameters->value(kRetries)}), c.expected);
         }
         EXPECT_EQ(measuring->getSample().bandwidth, 10000u);
     }
@@ -423,8 +419,7 @@ TEST_P(GigEMaximumThroughput, isTheLimitsMaximumOrTheRateAtTheSmallestDelay)
     EXPECT_EQ(parameters->value("GevSCPD").toLongLong(), c.delayAfter);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Throughput, GigEMaximumThroughput,
+INSTANTIATE_TEST_SUITE_P(Throughput, GigEMaximumThroughput,
     ::testing::Values(SThroughputCase{"device_link_limit_maximum", true, -1, 380000000, {}, 5000},
                       SThroughputCase{"delay_probe_restores_the_delay", false, -1, 9259259, {100, 5000}, 5000},
                       SThroughputCase{"failed_restore_leaves_the_minimum", false, 1, 9259259, {100}, 100},

@@ -155,9 +155,7 @@ TEST_P(RowFigures, showTheSampleOfAMeasuredCamera)
     EXPECT_EQ(!row("gev-1")->icon(7).isNull(), c.errorIcon);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Refresh, RowFigures,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Refresh, RowFigures, ::testing::Values(
         SFigureCase{"payload_below_a_megabyte_has_two_decimals", 999999, 30, 29.5, -1, 0, "1.00", "29.50", false, false},
         SFigureCase{"payload_of_a_megabyte_has_none", 1000000, 30, 30, -1, 0, "1", "30.00", false, false},
         SFigureCase{"no_image_yet_shows_dashes_and_never_warns", 0, 0, -1.0, 10000, 0, "0.00", "-.--", false, false},
@@ -194,9 +192,7 @@ TEST_P(StartFailure, marksTheRowAndReportsTheError)
     EXPECT_TRUE(errors[0][2].toDateTime().isValid());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Start, StartFailure,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Start, StartFailure, ::testing::Values(
         SStartFailureCase{"camera_that_will_not_open", [](TreeWidgetTest& t) { t.control->setOpenFails("gev-1"); }, 1,
                           "Error accessing camera! (Could not create camera)"},
         SStartFailureCase{"second_start_of_a_camera_whose_sample_fails",
@@ -278,9 +274,7 @@ TEST_P(Outage, aReturningCameraIsMeasuredAgainOnlyAfterAnAbsenceDuringTheAnalysi
     EXPECT_EQ(row("gev-2")->checkState(0), Qt::Unchecked) << "only what was measured";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Refresh, Outage,
-    ::testing::Values(SOutageCase{"came_back", true, false, true},
+INSTANTIATE_TEST_SUITE_P(Refresh, Outage, ::testing::Values(SOutageCase{"came_back", true, false, true},
                       SOutageCase{"never_left_the_list", false, false, false},
                       SOutageCase{"analysis_stopped_meanwhile", true, true, false}),
     [](const auto& info) { return std::string(info.param.name); });

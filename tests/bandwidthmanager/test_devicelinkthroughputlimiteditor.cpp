@@ -34,9 +34,7 @@ TEST_P(DeviceLinkRange, nodeInBytesPerSecondShowsInMB)
     EXPECT_EQ(parameters->writeCount(kLimit), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Nodes, DeviceLinkRange,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Nodes, DeviceLinkRange, ::testing::Values(
         SRangeCase{"minimum_below_half_a_MB_gives_1", 200000000, 100000, 400000000, 1, 200, 1, 400, 1},
         SRangeCase{"increment_below_a_MB_gives_step_1", 99600000, 8000000, 380000000, 4, 100, 8, 380, 1},
         SRangeCase{"maximum_is_cut_not_rounded", 50000000, 1000000, 399999999, 1, 50, 1, 399, 1},
@@ -67,8 +65,7 @@ TEST_P(DeviceLinkMode, isTurnedOnOnlyWhenOffered)
     EXPECT_EQ(parameters->value(kLimit).toLongLong(), 150000000);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Modes, DeviceLinkMode,
+INSTANTIATE_TEST_SUITE_P(Modes, DeviceLinkMode,
     ::testing::Values(SModeCase{"offered_On_is_set", true, {"Off", "On"}, "RW", "On"},
                       SModeCase{"mode_without_On_is_left_alone", true, {"Off"}, "RW", "Off"},
                       SModeCase{"read_only_mode_is_left_alone", true, {"Off", "On"}, "RO", "Off"},

@@ -69,9 +69,7 @@ const CameraInfoPtr g1 = CFakeCameraInfo::create("G1", "gev-1", "GEV", {{"Interf
 const CameraInfoPtr g2 = CFakeCameraInfo::create("G2", "gev-2", "GEV", {{"Interface", "192.0.2.7"}});
 const CameraInfoPtr g3 = CFakeCameraInfo::create("G3", "gev-3", "GEV", {{"Interface", "198.51.100.1"}});
 
-INSTANTIATE_TEST_SUITE_P(
-    Build, FlatTreeGigE,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Build, FlatTreeGigE, ::testing::Values(
         SLayerCase{"no_transport_layer_gives_the_root_alone", {}, {}},
         SLayerCase{"cameras_share_their_adapter",
                    {{"DorvikGigE", {g1, g2, g3}}},
@@ -174,9 +172,7 @@ void u3v(CFakeNode& parent, const wchar_t* location, const wchar_t* path)
 }
 const wchar_t A1[] = L"U3V\\Vendor\\Model\\A1";
 
-INSTANTIATE_TEST_SUITE_P(
-    Walk, FlatTreeUsb,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Walk, FlatTreeUsb, ::testing::Values(
         SUsbCase{"camera_behind_a_hub", [](CFakeNode& r) { u3v(hub(r, topapi::NodeType_SuperSpeedHub).SetDeviceCount(1), L"2-1.1", A1); },
                  {"DorvikUsb", "DorvikUsb/xHCI", "DorvikUsb/xHCI/Hub", "DorvikUsb/xHCI/Hub/Cam A *"}, {}},
         SUsbCase{"uninitialised_node_is_skipped_and_its_sibling_stays",

@@ -64,9 +64,7 @@ TEST_P(HostCheck, failsAloneAndOffersItsFix)
     EXPECT_EQ(fields(failed[0].fix), fields(GetParam().fix));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, HostCheck,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Table, HostCheck, ::testing::Values(
         SCheckCase{"rmemMaxBelowTheStreams", [](SHostSnapshot& s) { s.rmemMax = 212992; }, EHostCheck::RmemMax,
                    HostFix::SFix{EKind::RmemMax, "", int64_t(64) << 20}},
         SCheckCase{"ringOneBelowItsMaximum", [](SHostSnapshot& s) { s.interfaces[0].ring.current = 4095; },
@@ -86,8 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
         SCheckCase{"twoAdaptersInOneSubnet",
                    [](SHostSnapshot& s) {
                        s.interfaces.push_back({"eth2", 0, 0, false, {}, false, {}, -1, {{Ip(192, 168, 10, 2), 16}}, 0, {}, 0});
-                   },
-                   EHostCheck::SharedSubnet, std::nullopt}),
+                   }, EHostCheck::SharedSubnet, std::nullopt}),
     [](const ::testing::TestParamInfo<SCheckCase>& info) { return std::string(info.param.name); });
 
 TEST(HostChecks, passWhereNothingMattersForTheCameras)

@@ -202,9 +202,7 @@ TEST_P(Shares, fillTheBudgetFromTheSlowestCamera)
     EXPECT_TRUE(failures.isEmpty()) << failures.join('\n').toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Optimization, Shares,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Optimization, Shares, ::testing::Values(
         SShareCase{"one_camera_on_1000_mbit_gets_112_of_112_5", 1000000000, {{}}, {}, {{112}}, {0}, 111.0},
         SShareCase{"the_slower_camera_is_served_first_and_its_rest_flows_on", 1000000000, {{300.0}, {50.0}}, {},
                    {{62}, {56}}, {1518, 0}, 50.0 + 62.0 - 1.0},
@@ -245,9 +243,7 @@ TEST_P(Probe, setsWhatThePathCarries)
     EXPECT_EQ(result.packetSizeDefaulted, c.defaulted);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Optimization, Probe,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Optimization, Probe, ::testing::Values(
         SProbeCase{"probe_leaving_1400_falls_back_to_1500", 1400, 1400, {}, 1500, true, true, true},
         SProbeCase{"fallback_corrected_by_the_camera_is_not_defaulted", 1400, 1400,
                    [](CScriptedParameterCollection& c) { c.setWriteLaw("GevSCPSPacketSize", [](auto&) { return 1496; }); },
@@ -328,9 +324,7 @@ TEST_P(LinkSpeed, unknownFallsBackToOneGigabit)
     EXPECT_EQ(failures, expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Optimization, LinkSpeed,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Optimization, LinkSpeed, ::testing::Values(
         SLinkSpeedCase{"adapter_not_found", [](SNetwork& n) { n.add("198.51.100.1", 10000000000ull); },
                        {"Could not find a network adapter with the given IP address.",
                         "Could not determine current bandwidth of network adapter '%1'. Defaulting to 1GBit/s."}},
