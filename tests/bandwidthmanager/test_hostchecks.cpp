@@ -86,12 +86,14 @@ INSTANTIATE_TEST_SUITE_P(Table, HostCheck, ::testing::Values(
                    EHostCheck::CameraOutsideSubnet, std::nullopt},
         SCheckCase{"twoAdaptersInOneSubnet",
                    [](SHostSnapshot& s) {
-                       s.interfaces.push_back({"eth2", 0, 0, false, {}, false, {}, -1, {{Ip(192, 168, 10, 2), 16}}, 0, {}, 0});
+                       s.interfaces.push_back(
+                           {"eth2", 0, 0, false, {}, false, {}, -1, {{Ip(192, 168, 10, 2), 16}}, 0, {}, 0});
                    }, EHostCheck::SharedSubnet, std::nullopt},
         SCheckCase{"quietAdapterNeedsNoModerationNorJumboNorKnownRing",
                    [](SHostSnapshot& s) {
                        SHostInterface& eth = s.interfaces[0];
-                       std::tie(eth.coalesce.adaptive, eth.packetsPerSecond, eth.ringKnown) = std::make_tuple(false, 20000, false);
+                       eth.coalesce.adaptive = eth.ringKnown = false;
+                       eth.packetsPerSecond = 20000;
                        eth.mtu = eth.largestCameraPacket = 1500;
                    }, std::nullopt, std::nullopt},
         SCheckCase{"adapterWithoutCamerasIsNotChecked",
