@@ -28,14 +28,6 @@ SCameraReading reading(const char* key, quint64 payload, quint64 errors, const c
     return r;
 }
 
-std::vector<double> payloads(const SCameraHistory& camera)
-{
-    std::vector<double> values;
-    for (const SHistoryPoint& point : camera.points)
-        values.push_back(point.payloadMBs);
-    return values;
-}
-
 TEST(AnalysisHistory, keepsTheTreesOrderAndMarksNewErrorsAndLosses)
 {
     CAnalysisHistory history;
@@ -79,7 +71,9 @@ TEST(AnalysisHistory, halvesALongSeriesKeepingItsShapeErrorsAndEnd)
     for (const SHistoryPoint& point : a.points)
         marked += point.newErrors;
     EXPECT_EQ(marked, 2u) << "merged points keep the errors they stood for";
-    const std::vector<double> values = payloads(a);
+    std::vector<double> values;
+    for (const SHistoryPoint& point : a.points)
+        values.push_back(point.payloadMBs);
     EXPECT_TRUE(std::is_sorted(values.begin(), values.end())) << "a rising line stays rising";
     // Halved at ticks 8, 12, 16 and 20: the first point stands for ticks 1 to 12, and shows their mean.
     EXPECT_EQ(a.points.front().seconds, 12.0);

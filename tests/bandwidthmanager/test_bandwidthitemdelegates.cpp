@@ -55,18 +55,10 @@ protected:
     QWidget parent;
 };
 
-struct SEditorCase
-{
-    const char* scenario;
-    bool camera;
-    QString limitAccess; // empty: no node
-    QString delayAccess;
-    const char* expectedClass;
-};
+struct SEditorCase { const char* scenario; bool camera; QString limitAccess; /* empty: no node */ QString delayAccess;
+    const char* expectedClass; };
 
-class LimitEditorChoice : public DelegateRow, public ::testing::WithParamInterface<SEditorCase>
-{
-};
+class LimitEditorChoice : public DelegateRow, public ::testing::WithParamInterface<SEditorCase> {};
 
 TEST_P(LimitEditorChoice, picksTheEditorAndStoresItInTheRow)
 {
@@ -86,9 +78,7 @@ TEST_P(LimitEditorChoice, picksTheEditorAndStoresItInTheRow)
     EXPECT_EQ(item.editor, editor);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, LimitEditorChoice,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Rows, LimitEditorChoice, ::testing::Values(
         SEditorCase{"camera_offering_both_gets_the_device_link_editor", true, "RW", "RW", "DeviceLinkThroughputLimitEditor"},
         SEditorCase{"GigE_camera_without_the_limit_gets_the_delay_limiter", true, "", "RW", "BandwidthLimiterInterPacketDelay"},
         SEditorCase{"read_only_limit_falls_to_the_delay_limiter", true, "RO", "RW", "BandwidthLimiterInterPacketDelay"},

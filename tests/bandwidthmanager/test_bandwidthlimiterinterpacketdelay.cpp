@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <vector>
-#include <cstdio>
 #include <cstdlib>
 
 using namespace ParameterFakes;
@@ -66,21 +65,11 @@ TEST_F(ScriptedGigECamera, slowestEndThatRoundsToNothingGivesAMinimumOf1)
     EXPECT_EQ(limiter.minimum(), 1);
 }
 
-struct SWishCase
-{
-    const char* scenario;
-    qint64 startDelay;
-    qint64 capAfterOpening; // what the camera sends at most once the editor is open
-    int wish;
-    int minWrites;
-    int maxWrites;
-    qint64 delayAfter; // -1: whichever meets the wish within 1 MB/s
-    int shown;
-};
+struct SWishCase { const char* scenario; qint64 startDelay;
+    qint64 capAfterOpening; /* what the camera sends at most once the editor is open */ int wish; int minWrites;
+    int maxWrites; qint64 delayAfter; /* -1: whichever meets the wish within 1 MB/s */ int shown; };
 
-class LimiterWish : public ScriptedGigECamera, public ::testing::WithParamInterface<SWishCase>
-{
-};
+class LimiterWish : public ScriptedGigECamera, public ::testing::WithParamInterface<SWishCase> {};
 
 TEST_P(LimiterWish, isMetWithin1MBOrEndsAtTheSmallestDelay)
 {
@@ -103,8 +92,7 @@ TEST_P(LimiterWish, isMetWithin1MBOrEndsAtTheSmallestDelay)
     EXPECT_LE(writes() - writesBefore, c.maxWrites);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Wishes, LimiterWish,
+INSTANTIATE_TEST_SUITE_P(Wishes, LimiterWish,
     ::testing::Values(SWishCase{"below_the_current_rate", 1000, 1000000000, 40, 1, 32, -1, 40},
                       SWishCase{"near_the_slow_end", 1000, 1000000000, 5, 1, 32, -1, 5},
                       SWishCase{"above_the_current_rate", 1000, 1000000000, 110, 1, 32, -1, 110},
@@ -130,12 +118,7 @@ TEST_F(ScriptedGigECamera, failingWriteEndsTheSearchWhereTheCameraIs)
 
 // A camera of the GigE link model: 1920x1200 frames, throughput = bytes of a
 // frame over the time its packets take on the wire plus the delays.
-struct SLinkCase
-{
-    qint64 packetSize;
-    qint64 linkMbps;
-    qint64 tickHz;
-};
+struct SLinkCase { qint64 packetSize; qint64 linkMbps; qint64 tickHz; };
 
 class LinkModelCamera : public ::testing::TestWithParam<SLinkCase>
 {
@@ -189,7 +172,6 @@ TEST_P(LinkModelCamera, wishesAreMetInFewWrites)
         EXPECT_LE(writes, 8) << "wish " << wish;
     }
     std::sort(counts.begin(), counts.end());
-    printf("delay writes per wish: median %d, most %d\n", counts[counts.size() / 2], counts.back());
     EXPECT_LE(counts[counts.size() / 2], 4) << "median writes";
 
     frameRateCap = 0.3 * double(fastest) * 1e6;
@@ -198,8 +180,7 @@ TEST_P(LinkModelCamera, wishesAreMetInFewWrites)
     EXPECT_EQ(limiter.value(), megabytes(qint64(frameRateCap)));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Links, LinkModelCamera,
+INSTANTIATE_TEST_SUITE_P(Links, LinkModelCamera,
     ::testing::Values(SLinkCase{1500, 100, 125000000}, SLinkCase{8192, 100, 1000000000},
                       SLinkCase{9000, 100, 125000000}, SLinkCase{1500, 1000, 1000000000},
                       SLinkCase{8192, 1000, 125000000}, SLinkCase{9000, 1000, 1000000000},
@@ -210,16 +191,9 @@ INSTANTIATE_TEST_SUITE_P(
             + std::to_string(info.param.tickHz / 1000000) + "MHz";
     });
 
-struct SDisabledCase
-{
-    const char* scenario;
-    bool hasThroughput;
-    QString delayAccess;
-};
+struct SDisabledCase { const char* scenario; bool hasThroughput; QString delayAccess; };
 
-class LimiterWithoutSearch : public ::testing::TestWithParam<SDisabledCase>
-{
-};
+class LimiterWithoutSearch : public ::testing::TestWithParam<SDisabledCase> {};
 
 TEST_P(LimiterWithoutSearch, isDisabledAt112Of1To125AndWritesNothing)
 {
@@ -239,8 +213,7 @@ TEST_P(LimiterWithoutSearch, isDisabledAt112Of1To125AndWritesNothing)
     EXPECT_EQ(parameters->writeCount(kDelay), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cameras, LimiterWithoutSearch,
+INSTANTIATE_TEST_SUITE_P(Cameras, LimiterWithoutSearch,
     ::testing::Values(SDisabledCase{"camera_without_GevSCDCT", false, "RW"},
                       SDisabledCase{"read_only_delay", true, "RO"}),
     [](const ::testing::TestParamInfo<SDisabledCase>& info) { return std::string(info.param.scenario); });

@@ -71,22 +71,10 @@ protected:
     QPointer<Core::Plugin::IPlugin> m_plugin;
 };
 
-struct SShellCase
-{
-    const char* name;
-    bool menuService;
-    bool toolsMenu;
-    bool contextMenu;
-    bool assistant;
-    bool toolsEntry;
-    bool contextEntry;
-    int solutions;
-    int selectionListeners;
-};
+struct SShellCase { const char* name; bool menuService; bool toolsMenu; bool contextMenu; bool assistant;
+    bool toolsEntry; bool contextEntry; int solutions; int selectionListeners; };
 
-class ShellWiring : public BandwidthManagerPluginTest, public ::testing::WithParamInterface<SShellCase>
-{
-};
+class ShellWiring : public BandwidthManagerPluginTest, public ::testing::WithParamInterface<SShellCase> {};
 
 TEST_P(ShellWiring, NarrowsWhatIsOfferedToWhatTheHostHas)
 {
@@ -120,8 +108,7 @@ TEST_P(ShellWiring, NarrowsWhatIsOfferedToWhatTheHostHas)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Plugin, ShellWiring,
+INSTANTIATE_TEST_SUITE_P(Plugin, ShellWiring,
     ::testing::Values(SShellCase{"every_service", true, true, true, true, true, true, 1, 1},
                       SShellCase{"no_menu_service", false, false, false, true, false, false, 0, 0},
                       SShellCase{"no_tools_menu_means_no_solution", true, false, true, true, false, true, 0, 1},
@@ -161,50 +148,31 @@ TEST_F(BandwidthManagerPluginTest, ContextEntryHidesForEmulatedCamerasOnly)
     EXPECT_TRUE(action("BandwidthManager.Start")->isVisible());
 }
 
-TEST_F(BandwidthManagerPluginTest, NoToTheStopGrabsBoxLeavesTheCamerasAlone)
+// Two starts of the Tools entry while a camera grabs; a ticked No is not remembered, a ticked Yes is.
+TEST_F(BandwidthManagerPluginTest, StopGrabsBoxAsksUnlessYesWasSaved)
 {
-    const auto status = addService<CFakeCameraStatusService>();
-    const auto streams = addService<CFakeCameraStreamControlService>();
-    status->setGrabbing(QStringLiteral("gev-1"), true);
-    startWithMenus();
-
-    CModalResponder responder;
-    responder.expect(CModalResponder::clickButton(QMessageBox::No, true));
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), QStringList{"MessageBoxCheckable"});
-    EXPECT_TRUE(streams->calls().isEmpty());
-
-    // A ticked No is not remembered: the box comes again.
-    responder.expect(CModalResponder::clickButton(QMessageBox::No));
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), (QStringList{"MessageBoxCheckable", "MessageBoxCheckable"}));
-}
-
-TEST_F(BandwidthManagerPluginTest, SavedYesStopsGrabsWithoutTheBox)
-{
-    const auto status = addService<CFakeCameraStatusService>();
-    const auto streams = addService<CFakeCameraStreamControlService>();
-    status->setGrabbing(QStringLiteral("gev-1"), true);
-    startWithMenus();
-
-    CModalResponder responder;
-    responder.expect(CModalResponder::clickButton(QMessageBox::Yes, true));
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), (QStringList{"MessageBoxCheckable", "BandwidthDialog"}));
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), (QStringList{"MessageBoxCheckable", "BandwidthDialog", "BandwidthDialog"}));
-    EXPECT_EQ(streams->calls(), (QStringList{"stopAllGrabs", "stopAllGrabs"}));
-}
-
-TEST_F(BandwidthManagerPluginTest, WithoutStatusServiceTheDialogOpensAtOnce)
-{
-    const auto streams = addService<CFakeCameraStreamControlService>();
-    startWithMenus();
-
-    CModalResponder responder;
-    action("BandwidthManager.Start")->trigger();
-    EXPECT_EQ(responder.seen(), QStringList{"BandwidthDialog"});
-    EXPECT_TRUE(streams->calls().isEmpty());
+    const struct { const char* scenario; bool status; int answer; QStringList seen; QStringList stops; } cases[] = {
+        {"no_leaves_the_cameras_alone", true, QMessageBox::No, {"MessageBoxCheckable", "MessageBoxCheckable"}, {}},
+        {"saved_yes_stops_grabs_without_the_box", true, QMessageBox::Yes,
+         {"MessageBoxCheckable", "BandwidthDialog", "BandwidthDialog"}, {"stopAllGrabs", "stopAllGrabs"}},
+        {"without_status_service_the_dialog_opens_at_once", false, 0, {"BandwidthDialog", "BandwidthDialog"}, {}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.scenario);
+        MessageBoxCheckable::forgetSavedAnswer(QStringLiteral("BandwidthManagerStopGrabs"));
+        m_manager = Core::Plugin::PluginManagerPtr::create();
+        if (c.status)
+            addService<CFakeCameraStatusService>()->setGrabbing(QStringLiteral("gev-1"), true);
+        const auto streams = addService<CFakeCameraStreamControlService>();
+        startWithMenus();
+        CModalResponder responder;
+        for (int start = 0; start < 2; ++start) {
+            responder.expect(CModalResponder::clickButton(c.answer, true));
+            action("BandwidthManager.Start")->trigger();
+        }
+        EXPECT_EQ(responder.seen(), c.seen);
+        EXPECT_EQ(streams->calls(), c.stops);
+        delete m_plugin.data();
+    }
 }
 
 TEST_F(BandwidthManagerPluginTest, DeviceStateHandleGoesBackUnchanged)
@@ -215,16 +183,6 @@ TEST_F(BandwidthManagerPluginTest, DeviceStateHandleGoesBackUnchanged)
     QMetaObject::invokeMethod(m_plugin, "storeState");
     QMetaObject::invokeMethod(m_plugin, "restoreState");
     EXPECT_EQ(state->restoredHandles(), (QList<quint64>{0, 0x5001}));
-}
-
-TEST_F(BandwidthManagerPluginTest, InstanceIsOnePerProcessUntilDeleted)
-{
-    QObject* first = QPluginLoader(PluginPath).instance();
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(QPluginLoader(PluginPath).instance(), first);
-    delete first;
-    m_plugin = qobject_cast<Core::Plugin::IPlugin*>(QPluginLoader(PluginPath).instance());
-    EXPECT_NE(m_plugin, nullptr);
 }
 
 } // namespace

@@ -58,21 +58,13 @@ protected:
     std::unique_ptr<CBandwidthMeasuringCamera> measuring;
 };
 
-struct SCountingCase
-{
-    const char* scenario;
-    QStringList counterNodes; // stream grabber counters the camera has, each starting at 0
-    QString counterThatMoves; // the one whose readings follow
-    const char* grabs;
-    QList<qint64> readings; // one sample taken after each
-    quint64 images;
-    quint64 errors;
-    bool underrunNotImplemented = false;
-};
+struct SCountingCase { const char* scenario;
+    QStringList counterNodes; /* stream grabber counters the camera has, each starting at 0 */
+    QString counterThatMoves; /* the one whose readings follow */ const char* grabs;
+    QList<qint64> readings; /* one sample taken after each */ quint64 images; quint64 errors;
+    bool underrunNotImplemented = false; };
 
-class MeasuringCameraCounting : public MeasuringCameraTest, public ::testing::WithParamInterface<SCountingCase>
-{
-};
+class MeasuringCameraCounting : public MeasuringCameraTest, public ::testing::WithParamInterface<SCountingCase> {};
 
 TEST_P(MeasuringCameraCounting, countsImagesAndErrors)
 {
@@ -92,9 +84,7 @@ TEST_P(MeasuringCameraCounting, countsImagesAndErrors)
     EXPECT_EQ(sample.errors, c.errors);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Grabs, MeasuringCameraCounting,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Grabs, MeasuringCameraCounting, ::testing::Values(
         SCountingCase{"failed grab is an error and not an image", {kUnderrun}, kUnderrun, "+-+", {}, 2, 1},
         SCountingCase{"frame lost by the stream grabber counts in both", {kUnderrun}, kUnderrun, "+", {3}, 4, 3},
         SCountingCase{"counter that fell adds nothing and becomes the base", {kUnderrun}, kUnderrun, "", {5, 2, 4}, 7, 7},
@@ -171,15 +161,13 @@ TEST_F(MeasuringCameraTest, resetClearsCountsAndStampsOnlyWhileGrabbing)
 
 TEST_F(MeasuringCameraTest, frameRateComesFromTheFirstNameTheCameraHas)
 {
-    const struct
-    {
-        QList<QPair<QString, QString>> nodes; // name, access mode; valued 10, 11, ...
-        double expected;
-    } cases[] = {{{{"ResultingFrameRate", "RO"}, {"ResultingFrameRateAbs", "RO"}}, 10.0},
-                 {{{"ResultingFrameRateAbs", "RO"}}, 10.0},
-                 {{{"ResultingFrameRate", "NI"}, {"ResultingFrameRateAbs", "RO"}}, 11.0},
-                 {{{"ResultingFrameRate", "NA"}}, 0.0},
-                 {{}, 0.0}};
+    // Nodes by name and access mode, valued 10, 11, ...
+    const struct { QList<QPair<QString, QString>> nodes; double expected; } cases[] = {
+        {{{"ResultingFrameRate", "RO"}, {"ResultingFrameRateAbs", "RO"}}, 10.0},
+        {{{"ResultingFrameRateAbs", "RO"}}, 10.0},
+        {{{"ResultingFrameRate", "NI"}, {"ResultingFrameRateAbs", "RO"}}, 11.0},
+        {{{"ResultingFrameRate", "NA"}}, 0.0},
+        {{}, 0.0}};
     for (const auto& c : cases) {
         SCOPED_TRACE((c.nodes.size() ? c.nodes[0].first + c.nodes[0].second : QStringLiteral("neither")).toStdString());
         parameters = QSharedPointer<CScriptedParameterCollection>::create();
@@ -192,19 +180,10 @@ TEST_F(MeasuringCameraTest, frameRateComesFromTheFirstNameTheCameraHas)
     }
 }
 
-struct STriggerCase
-{
-    const char* scenario;
-    QString frameStartMode;
-    QString frameStartSource;
-    EScriptedAccess failingAccess; // of TriggerMode, Query for none
-    bool enabled;
-    bool software;
-};
+struct STriggerCase { const char* scenario; QString frameStartMode; QString frameStartSource;
+    EScriptedAccess failingAccess; /* of TriggerMode, Query for none */ bool enabled; bool software; };
 
-class MeasuringCameraTrigger : public MeasuringCameraTest, public ::testing::WithParamInterface<STriggerCase>
-{
-};
+class MeasuringCameraTrigger : public MeasuringCameraTest, public ::testing::WithParamInterface<STriggerCase> {};
 
 // "LineStart" is current and has no trigger mode; the walk must put it back.
 TEST_P(MeasuringCameraTrigger, walksSelectorAndPutsItBack)
@@ -230,8 +209,7 @@ TEST_P(MeasuringCameraTrigger, walksSelectorAndPutsItBack)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Walks, MeasuringCameraTrigger,
+INSTANTIATE_TEST_SUITE_P(Walks, MeasuringCameraTrigger,
     ::testing::Values(STriggerCase{"software_trigger_on", "On", "Software", EScriptedAccess::Query, true, true},
                       STriggerCase{"hardware_trigger_on", "On", "Line1", EScriptedAccess::Query, true, false},
                       STriggerCase{"no_trigger_on", "Off", "Software", EScriptedAccess::Query, false, false},
@@ -343,17 +321,12 @@ const QString kRetries = QStringLiteral("@DeviceTransportLayer/MaxRetryCountWrit
 
 TEST_F(MeasuringCameraTest, gigEWritesItsTransportLayerSettingsThenRunsTheBase)
 {
-    const struct
-    {
-        const char* scenario;
-        bool present;
-        QString retriesAccess;
-        QString failingNode;
-        QVariantList expected; // heartbeat, write timeout, duplication, retries after initParameters
-    } cases[] = {{"all nodes written", true, "RW", {}, {10000, 50, true, 8}},
-                 {"missing nodes passed over", false, "RW", {}, {}},
-                 {"read-only retry count kept", true, "RO", {}, {10000, 50, true, 3}},
-                 {"a failure ends the series and keeps what was done", true, "RW", kWriteTimeout, {10000, 500, false, 3}}};
+    const struct { const char* scenario; bool present; QString retriesAccess; QString failingNode;
+    QVariantList expected; /* heartbeat, write timeout, duplication, retries after initParameters */ } cases[] = {
+        {"all nodes written", true, "RW", {}, {10000, 50, true, 8}},
+        {"missing nodes passed over", false, "RW", {}, {}},
+        {"read-only retry count kept", true, "RO", {}, {10000, 50, true, 3}},
+        {"a failure ends the series and keeps what was done", true, "RW", kWriteTimeout, {10000, 500, false, 3}}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.scenario);
         parameters = QSharedPointer<CScriptedParameterCollection>::create();
@@ -371,8 +344,7 @@ TEST_F(MeasuringCameraTest, gigEWritesItsTransportLayerSettingsThenRunsTheBase)
         gigE().initParameters();
         if (c.present) {
             EXPECT_EQ((QVariantList{parameters->value(kHeartbeat), parameters->value(kWriteTimeout),
-                                    parameters->value(kDuplication), parameters->value(kRetries)}),
-                      c.expected);
+                                    parameters->value(kDuplication), parameters->value(kRetries)}), c.expected);
         }
         EXPECT_EQ(measuring->getSample().bandwidth, 10000u);
     }
@@ -398,16 +370,10 @@ TEST_F(MeasuringCameraTest, gigERefusedPacketSizeIsFalseOrRaisesAndRefusedFrameD
 
 TEST_F(MeasuringCameraTest, gigEProbeReportsThePacketSizesAroundIt)
 {
-    const struct
-    {
-        const char* scenario;
-        bool hasCommand;
-        bool commandRaises;
-        bool result;
-        qint64 after;
-    } cases[] = {{"probe runs", true, false, true, 8192},
-                 {"no probe command", false, false, false, 1500},
-                 {"probe raises", true, true, false, 1500}};
+    const struct { const char* scenario; bool hasCommand; bool commandRaises; bool result; qint64 after; } cases[] = {
+        {"probe runs", true, false, true, 8192},
+        {"no probe command", false, false, false, 1500},
+        {"probe raises", true, true, false, 1500}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.scenario);
         parameters = QSharedPointer<CScriptedParameterCollection>::create();
@@ -429,19 +395,11 @@ TEST_F(MeasuringCameraTest, gigEProbeReportsThePacketSizesAroundIt)
     }
 }
 
-struct SThroughputCase
-{
-    const char* scenario;
-    bool limitNode;
-    int failingDelayWrite; // -1 none, 0 the move to the minimum, 1 the restore
-    qint64 expected;
-    QVariantList delayWrites; // that the camera took
-    qint64 delayAfter;
-};
+struct SThroughputCase { const char* scenario; bool limitNode;
+    int failingDelayWrite; /* -1 none, 0 the move to the minimum, 1 the restore */ qint64 expected;
+    QVariantList delayWrites; /* that the camera took */ qint64 delayAfter; };
 
-class GigEMaximumThroughput : public MeasuringCameraTest, public ::testing::WithParamInterface<SThroughputCase>
-{
-};
+class GigEMaximumThroughput : public MeasuringCameraTest, public ::testing::WithParamInterface<SThroughputCase> {};
 
 TEST_P(GigEMaximumThroughput, isTheLimitsMaximumOrTheRateAtTheSmallestDelay)
 {
@@ -461,8 +419,7 @@ TEST_P(GigEMaximumThroughput, isTheLimitsMaximumOrTheRateAtTheSmallestDelay)
     EXPECT_EQ(parameters->value("GevSCPD").toLongLong(), c.delayAfter);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Throughput, GigEMaximumThroughput,
+INSTANTIATE_TEST_SUITE_P(Throughput, GigEMaximumThroughput,
     ::testing::Values(SThroughputCase{"device_link_limit_maximum", true, -1, 380000000, {}, 5000},
                       SThroughputCase{"delay_probe_restores_the_delay", false, -1, 9259259, {100, 5000}, 5000},
                       SThroughputCase{"failed_restore_leaves_the_minimum", false, 1, 9259259, {100}, 100},

@@ -12,7 +12,6 @@
 
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <qwt_plot_curve.h>
@@ -128,23 +127,11 @@ TEST_F(TreeWidgetTest, tickingCamerasMeasuresThemAndEnablesTheirAdaptersButton)
     EXPECT_FALSE(row("gev-1")->font(0).bold());
 }
 
-struct SFigureCase
-{
-    const char* scenario;
-    quint64 payload;
-    double fpsSent;
-    double fpsReceived;
-    qint64 ageMs; // of the reset time; negative for none
-    quint64 errors;
-    QString payloadText;
-    QString fpsText;
-    bool stallWarning;
-    bool errorIcon;
-};
+struct SFigureCase { const char* scenario; quint64 payload; double fpsSent; double fpsReceived;
+    qint64 ageMs; /* of the reset time; negative for none */ quint64 errors; QString payloadText; QString fpsText;
+    bool stallWarning; bool errorIcon; };
 
-class RowFigures : public TreeWidgetTest, public ::testing::WithParamInterface<SFigureCase>
-{
-};
+class RowFigures : public TreeWidgetTest, public ::testing::WithParamInterface<SFigureCase> {};
 
 TEST_P(RowFigures, showTheSampleOfAMeasuredCamera)
 {
@@ -168,9 +155,7 @@ TEST_P(RowFigures, showTheSampleOfAMeasuredCamera)
     EXPECT_EQ(!row("gev-1")->icon(7).isNull(), c.errorIcon);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Refresh, RowFigures,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Refresh, RowFigures, ::testing::Values(
         SFigureCase{"payload_below_a_megabyte_has_two_decimals", 999999, 30, 29.5, -1, 0, "1.00", "29.50", false, false},
         SFigureCase{"payload_of_a_megabyte_has_none", 1000000, 30, 30, -1, 0, "1", "30.00", false, false},
         SFigureCase{"no_image_yet_shows_dashes_and_never_warns", 0, 0, -1.0, 10000, 0, "0.00", "-.--", false, false},
@@ -181,17 +166,10 @@ INSTANTIATE_TEST_SUITE_P(
         SFigureCase{"an_error_shows_the_error_icon", 12345678, 30, 30, -1, 1, "12", "30.00", false, true}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
-struct SStartFailureCase
-{
-    const char* scenario;
-    std::function<void(TreeWidgetTest&)> script;
-    int attempts;
-    QString toolTip;
-};
+struct SStartFailureCase { const char* scenario; std::function<void(TreeWidgetTest&)> script; int attempts;
+    QString toolTip; };
 
-class StartFailure : public TreeWidgetTest, public ::testing::WithParamInterface<SStartFailureCase>
-{
-};
+class StartFailure : public TreeWidgetTest, public ::testing::WithParamInterface<SStartFailureCase> {};
 
 TEST_P(StartFailure, marksTheRowAndReportsTheError)
 {
@@ -214,27 +192,18 @@ TEST_P(StartFailure, marksTheRowAndReportsTheError)
     EXPECT_TRUE(errors[0][2].toDateTime().isValid());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Start, StartFailure,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Start, StartFailure, ::testing::Values(
         SStartFailureCase{"camera_that_will_not_open", [](TreeWidgetTest& t) { t.control->setOpenFails("gev-1"); }, 1,
                           "Error accessing camera! (Could not create camera)"},
         SStartFailureCase{"second_start_of_a_camera_whose_sample_fails",
-                          [](TreeWidgetTest& t) {
-                              t.collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100);
-                          },
+                          [](TreeWidgetTest& t) { t.collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100); },
                           2, "Error accessing camera! (Failed to get sample)"},
         SStartFailureCase{"grab_that_will_not_start_during_an_analysis",
-                          [](TreeWidgetTest& t) {
-                              t.control->setGrabFails("gev-1");
-                              t.tree.startAcquisition();
-                          },
-                          1, "Error accessing camera! (Could not start grab.)"}),
+                          [](TreeWidgetTest& t) { t.control->setGrabFails("gev-1"), t.tree.startAcquisition(); }, 1,
+                          "Error accessing camera! (Could not start grab.)"}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
-class ConnectionLoss : public TreeWidgetTest, public ::testing::WithParamInterface<bool>
-{
-};
+class ConnectionLoss : public TreeWidgetTest, public ::testing::WithParamInterface<bool> {};
 
 TEST_P(ConnectionLoss, refreshTreeEndsTheLostMeasurementOnly)
 {
@@ -267,17 +236,9 @@ TEST_P(ConnectionLoss, refreshTreeEndsTheLostMeasurementOnly)
 INSTANTIATE_TEST_SUITE_P(Refresh, ConnectionLoss, ::testing::Values(false, true),
                          [](const auto& info) { return info.param ? "held_open_by_the_viewer" : "opened_here"; });
 
-struct SOutageCase
-{
-    const char* name;
-    bool goneFromTheList;
-    bool analysisStoppedMeanwhile;
-    bool measuredAgain;
-};
+struct SOutageCase { const char* name; bool goneFromTheList; bool analysisStoppedMeanwhile; bool measuredAgain; };
 
-class Outage : public TreeWidgetTest, public ::testing::WithParamInterface<SOutageCase>
-{
-};
+class Outage : public TreeWidgetTest, public ::testing::WithParamInterface<SOutageCase> {};
 
 // A camera lost during the analysis is measured again once it went from the
 // pool's list and came back with the same key; the dead camera's own row is
@@ -313,9 +274,7 @@ TEST_P(Outage, aReturningCameraIsMeasuredAgainOnlyAfterAnAbsenceDuringTheAnalysi
     EXPECT_EQ(row("gev-2")->checkState(0), Qt::Unchecked) << "only what was measured";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Refresh, Outage,
-    ::testing::Values(SOutageCase{"came_back", true, false, true},
+INSTANTIATE_TEST_SUITE_P(Refresh, Outage, ::testing::Values(SOutageCase{"came_back", true, false, true},
                       SOutageCase{"never_left_the_list", false, false, false},
                       SOutageCase{"analysis_stopped_meanwhile", true, true, false}),
     [](const auto& info) { return std::string(info.param.name); });
@@ -328,9 +287,8 @@ TEST_F(TreeWidgetTest, acquisitionGrabsCountsAndStops)
     tree.startAcquisition();
     const QSharedPointer<CFakeCamera> camera = control->camera("gev-1");
     ASSERT_TRUE(camera->isGrabbing());
-    camera->grab(true, 1000);
-    camera->grab(true, 1000);
-    camera->grab(false, 0);
+    for (const bool good : {true, true, false})
+        camera->grab(good, 1000);
     tree.updateSamples();
     EXPECT_EQ(row("gev-1")->text(6), QStringLiteral("2"));
     EXPECT_EQ(row("gev-1")->text(7), QStringLiteral("1"));
@@ -338,6 +296,8 @@ TEST_F(TreeWidgetTest, acquisitionGrabsCountsAndStops)
 
     tree.resetStatistics();
     EXPECT_EQ(row("gev-1")->text(6), QStringLiteral("0"));
+    collection->failNext("ResultingFrameRate", ParameterFakes::EScriptedAccess::Query, 100);
+    EXPECT_NO_THROW(tree.updateSamples()) << "a camera whose sample fails does not end the tick";
     tree.stopAcquisition();
     EXPECT_FALSE(camera->isGrabbing());
     EXPECT_EQ(tree.measuredCameraCount(), 1u) << "stopping leaves the ticked camera measured";
@@ -374,13 +334,6 @@ TEST_F(TreeWidgetTest, theSessionRecordsEveryTickOfTheMeasuredCamerasForThePlotA
         EXPECT_EQ(plot.errorCurve(index)->dataSize(), index == 1 ? 1u : 0u) << "the failed grab, where it happened";
     }
     EXPECT_EQ(session.history().cameras()[1].points.back().images, 2u);
-
-    QTemporaryDir dir;
-    QString error;
-    ASSERT_TRUE(session.save(QString(), dir.filePath("run.csv"), &error)) << error.toStdString();
-    QFile csv(dir.filePath("run.csv"));
-    ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
-    EXPECT_EQ(csv.readAll().count('\n'), 1 + 6);
 }
 
 } // namespace

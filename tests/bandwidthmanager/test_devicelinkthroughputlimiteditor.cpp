@@ -14,16 +14,10 @@ const QString kLimit = QStringLiteral("DeviceLinkThroughputLimit");
 const QString kMode = QStringLiteral("DeviceLinkThroughputLimitMode");
 const QString kSelector = QStringLiteral("DeviceLinkSelector");
 
-struct SRangeCase
-{
-    const char* scenario;
-    qint64 value, minimum, maximum, increment;
-    int sliderValue, sliderMinimum, sliderMaximum, sliderStep;
-};
+struct SRangeCase { const char* scenario; qint64 value, minimum, maximum, increment;
+    int sliderValue, sliderMinimum, sliderMaximum, sliderStep; };
 
-class DeviceLinkRange : public ::testing::TestWithParam<SRangeCase>
-{
-};
+class DeviceLinkRange : public ::testing::TestWithParam<SRangeCase> {};
 
 TEST_P(DeviceLinkRange, nodeInBytesPerSecondShowsInMB)
 {
@@ -40,9 +34,7 @@ TEST_P(DeviceLinkRange, nodeInBytesPerSecondShowsInMB)
     EXPECT_EQ(parameters->writeCount(kLimit), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Nodes, DeviceLinkRange,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Nodes, DeviceLinkRange, ::testing::Values(
         SRangeCase{"minimum_below_half_a_MB_gives_1", 200000000, 100000, 400000000, 1, 200, 1, 400, 1},
         SRangeCase{"increment_below_a_MB_gives_step_1", 99600000, 8000000, 380000000, 4, 100, 8, 380, 1},
         SRangeCase{"maximum_is_cut_not_rounded", 50000000, 1000000, 399999999, 1, 50, 1, 399, 1},
@@ -50,18 +42,9 @@ INSTANTIATE_TEST_SUITE_P(
         SRangeCase{"value_below_half_a_MB_shows_the_minimum", 300000, 0, 400000000, 1, 1, 1, 400, 1}),
     [](const ::testing::TestParamInfo<SRangeCase>& info) { return std::string(info.param.scenario); });
 
-struct SModeCase
-{
-    const char* scenario;
-    bool present;
-    QStringList entries;
-    QString access;
-    QString expected;
-};
+struct SModeCase { const char* scenario; bool present; QStringList entries; QString access; QString expected; };
 
-class DeviceLinkMode : public ::testing::TestWithParam<SModeCase>
-{
-};
+class DeviceLinkMode : public ::testing::TestWithParam<SModeCase> {};
 
 TEST_P(DeviceLinkMode, isTurnedOnOnlyWhenOffered)
 {
@@ -82,8 +65,7 @@ TEST_P(DeviceLinkMode, isTurnedOnOnlyWhenOffered)
     EXPECT_EQ(parameters->value(kLimit).toLongLong(), 150000000);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Modes, DeviceLinkMode,
+INSTANTIATE_TEST_SUITE_P(Modes, DeviceLinkMode,
     ::testing::Values(SModeCase{"offered_On_is_set", true, {"Off", "On"}, "RW", "On"},
                       SModeCase{"mode_without_On_is_left_alone", true, {"Off"}, "RW", "Off"},
                       SModeCase{"read_only_mode_is_left_alone", true, {"Off", "On"}, "RO", "Off"},
@@ -108,16 +90,9 @@ TEST(DeviceLinkEditor, changeOnTheCameraMovesTheSliderWithoutWritingBack)
 // The slider moves in whole MB/s, setValue takes bytes per second; both write the nearest valid value.
 TEST(DeviceLinkEditor, sliderAndSetValueWriteTheNearestValidValue)
 {
-    const struct
-    {
-        const char* scenario;
-        qint64 increment;
-        bool slider;
-        int input;
-        int shown;
-        qint64 written;
-    } cases[] = {{"slider on a grid of 0.3 MB/s from 1.0", 300000, true, 2, 2, 1900000},
-                 {"setValue in bytes per second", 1, false, 87600000, 88, 88000000}};
+    const struct { const char* scenario; qint64 increment; bool slider; int input; int shown; qint64 written; } cases[] = {
+        {"slider on a grid of 0.3 MB/s from 1.0", 300000, true, 2, 2, 1900000},
+        {"setValue in bytes per second", 1, false, 87600000, 88, 88000000}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.scenario);
         auto parameters = QSharedPointer<CScriptedParameterCollection>::create();

@@ -52,16 +52,9 @@ protected:
     FlatTree tree;
 };
 
-struct SLayerCase
-{
-    const char* scenario;
-    QList<QPair<QString, QList<CameraInfoPtr>>> layers;
-    QStringList outline;
-};
+struct SLayerCase { const char* scenario; QList<QPair<QString, QList<CameraInfoPtr>>> layers; QStringList outline; };
 
-class FlatTreeGigE : public FlatTreeTest, public ::testing::WithParamInterface<SLayerCase>
-{
-};
+class FlatTreeGigE : public FlatTreeTest, public ::testing::WithParamInterface<SLayerCase> {};
 
 TEST_P(FlatTreeGigE, buildsTheRowsOfTheTransportLayers)
 {
@@ -76,9 +69,7 @@ const CameraInfoPtr g1 = CFakeCameraInfo::create("G1", "gev-1", "GEV", {{"Interf
 const CameraInfoPtr g2 = CFakeCameraInfo::create("G2", "gev-2", "GEV", {{"Interface", "192.0.2.7"}});
 const CameraInfoPtr g3 = CFakeCameraInfo::create("G3", "gev-3", "GEV", {{"Interface", "198.51.100.1"}});
 
-INSTANTIATE_TEST_SUITE_P(
-    Build, FlatTreeGigE,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Build, FlatTreeGigE, ::testing::Values(
         SLayerCase{"no_transport_layer_gives_the_root_alone", {}, {}},
         SLayerCase{"cameras_share_their_adapter",
                    {{"DorvikGigE", {g1, g2, g3}}},
@@ -93,11 +84,9 @@ INSTANTIATE_TEST_SUITE_P(
                    {{"DorvikGigE", {CFakeCameraInfo::create("G", "gev", "GEV", {{"Interface", "127.0.0.1"}})}}},
                    {"DorvikGigE", "DorvikGigE/lo", "DorvikGigE/lo/G *"}},
         SLayerCase{"non_gev_camera_in_the_gige_list_has_no_row",
-                   {{"DorvikGigE", {CFakeCameraInfo::create("U", "u3v", "U3V", {{"Interface", "192.0.2.7"}})}}},
-                   {}},
+                   {{"DorvikGigE", {CFakeCameraInfo::create("U", "u3v", "U3V", {{"Interface", "192.0.2.7"}})}}}, {}},
         SLayerCase{"filtered_and_empty_layers_have_no_row",
-                   {{"CamEmu", {CFakeCameraInfo::create("E", "emu", "GEV")}}, {"DorvikGigE", {}}},
-                   {}}),
+                   {{"CamEmu", {CFakeCameraInfo::create("E", "emu", "GEV")}}, {"DorvikGigE", {}}}, {}}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
 TEST_F(FlatTreeTest, findByKeyGivesTheFirstOfTwoEqualKeys)
@@ -149,17 +138,10 @@ TEST_F(FlatTreeTest, stopMeasuringStopsAGrabbingCameraAndDeletesItsMeasuringCame
 }
 
 // The USB walk: a controller with a hub, scripted per scenario, and two cameras known to enumeration.
-struct SUsbCase
-{
-    const char* scenario;
-    std::function<void(CFakeNode& root)> bus;
-    QStringList outline;
-    QString logged;
+struct SUsbCase { const char* scenario; std::function<void(CFakeNode& root)> bus; QStringList outline; QString logged;
 };
 
-class FlatTreeUsb : public FlatTreeTest, public ::testing::WithParamInterface<SUsbCase>
-{
-};
+class FlatTreeUsb : public FlatTreeTest, public ::testing::WithParamInterface<SUsbCase> {};
 
 TEST_P(FlatTreeUsb, placesCamerasWhereTheySitOnTheBus)
 {
@@ -178,58 +160,45 @@ CFakeNode& controller(CFakeNode& root, int devices)
 {
     return root.AddChild(topapi::NodeType_HostController, L"xHCI", L"usb2").SetDeviceCount(devices).SetBandwidth(625000000);
 }
+CFakeNode& hub(CFakeNode& root, topapi::ENodeType type)
+{
+    return controller(root, 1).AddChild(type, L"Hub", L"2-1");
+}
+void u3v(CFakeNode& parent, const wchar_t* location, const wchar_t* path)
+{
+    CFakeNode& node = parent.AddChild(topapi::NodeType_U3vDevice, L"a", location);
+    if (path)
+        node.SetInstancePath(path);
+}
+const wchar_t A1[] = L"U3V\\Vendor\\Model\\A1";
 
-INSTANTIATE_TEST_SUITE_P(
-    Walk, FlatTreeUsb,
-    ::testing::Values(
-        SUsbCase{"camera_behind_a_hub",
-                 [](CFakeNode& root) {
-                     controller(root, 1).AddChild(topapi::NodeType_SuperSpeedHub, L"Hub", L"2-1").SetDeviceCount(1)
-                         .AddChild(topapi::NodeType_U3vDevice, L"a", L"2-1.1").SetInstancePath(L"U3V\\Vendor\\Model\\A1");
-                 },
+INSTANTIATE_TEST_SUITE_P(Walk, FlatTreeUsb, ::testing::Values(
+        SUsbCase{"camera_behind_a_hub", [](CFakeNode& r) { u3v(hub(r, topapi::NodeType_SuperSpeedHub).SetDeviceCount(1), L"2-1.1", A1); },
                  {"DorvikUsb", "DorvikUsb/xHCI", "DorvikUsb/xHCI/Hub", "DorvikUsb/xHCI/Hub/Cam A *"}, {}},
         SUsbCase{"uninitialised_node_is_skipped_and_its_sibling_stays",
-                 [](CFakeNode& root) {
-                     CFakeNode& hc = controller(root, 1);
+                 [](CFakeNode& r) {
+                     CFakeNode& hc = controller(r, 1);
                      hc.AddChild(topapi::NodeType_Uninitialized, L"?", L"2-9");
-                     hc.AddChild(topapi::NodeType_U3vDevice, L"b", L"2-2").SetInstancePath(L"U3V\\Vendor\\Model\\B2");
+                     u3v(hc, L"2-2", L"U3V\\Vendor\\Model\\B2");
                  },
-                 {"DorvikUsb", "DorvikUsb/xHCI", "DorvikUsb/xHCI/Cam B *"},
-                 "Discovered uninitialized node in USB topology."},
-        SUsbCase{"hub_without_the_count_property_has_no_row",
-                 [](CFakeNode& root) {
-                     controller(root, 1).AddChild(topapi::NodeType_Hub, L"Hub", L"2-1")
-                         .AddChild(topapi::NodeType_U3vDevice, L"a", L"2-1.1").SetInstancePath(L"U3V\\Vendor\\Model\\A1");
-                 },
-                 {"DorvikUsb", "DorvikUsb/xHCI"},
-                 "Discovered hub/controller without NUMBEROFU3VDEVICESOFSUBTREE property."},
+                 {"DorvikUsb", "DorvikUsb/xHCI", "DorvikUsb/xHCI/Cam B *"}, "Discovered uninitialized node in USB topology."},
+        SUsbCase{"hub_without_the_count_property_has_no_row", [](CFakeNode& r) { u3v(hub(r, topapi::NodeType_Hub), L"2-1.1", A1); },
+                 {"DorvikUsb", "DorvikUsb/xHCI"}, "Discovered hub/controller without NUMBEROFU3VDEVICESOFSUBTREE property."},
         SUsbCase{"hub_with_no_devices_has_no_row",
-                 [](CFakeNode& root) {
-                     controller(root, 1).AddChild(topapi::NodeType_Hub, L"Hub", L"2-1").SetDeviceCount(0)
-                         .AddChild(topapi::NodeType_U3vDevice, L"a", L"2-1.1").SetInstancePath(L"U3V\\Vendor\\Model\\A1");
-                 },
+                 [](CFakeNode& r) { u3v(hub(r, topapi::NodeType_Hub).SetDeviceCount(0), L"2-1.1", A1); },
                  {"DorvikUsb", "DorvikUsb/xHCI"}, {}},
-        SUsbCase{"device_without_a_path_has_no_row",
-                 [](CFakeNode& root) { controller(root, 1).AddChild(topapi::NodeType_U3vDevice, L"a", L"2-1"); },
-                 {"DorvikUsb", "DorvikUsb/xHCI"},
-                 "Discovered U3V node %ls without device instance path property "},
-        SUsbCase{"unmatched_device_has_no_row",
-                 [](CFakeNode& root) {
-                     controller(root, 1).AddChild(topapi::NodeType_U3vDevice, L"c", L"2-1").SetInstancePath(L"U3V\\Other\\X\\9");
-                 },
-                 {"DorvikUsb", "DorvikUsb/xHCI"},
-                 "Failed to match discovered USB Device 'U3V\\Other\\X\\9' to a zenta device"},
-        SUsbCase{"path_differing_in_case_matches",
-                 [](CFakeNode& root) {
-                     controller(root, 1).AddChild(topapi::NodeType_U3vDevice, L"a", L"2-1").SetInstancePath(L"u3v\\VENDOR\\model\\a1");
-                 },
+        SUsbCase{"device_without_a_path_has_no_row", [](CFakeNode& r) { u3v(controller(r, 1), L"2-1", nullptr); },
+                 {"DorvikUsb", "DorvikUsb/xHCI"}, "Discovered U3V node %ls without device instance path property "},
+        SUsbCase{"unmatched_device_has_no_row", [](CFakeNode& r) { u3v(controller(r, 1), L"2-1", L"U3V\\Other\\X\\9"); },
+                 {"DorvikUsb", "DorvikUsb/xHCI"}, "Failed to match discovered USB Device 'U3V\\Other\\X\\9' to a zenta device"},
+        SUsbCase{"path_differing_in_case_matches", [](CFakeNode& r) { u3v(controller(r, 1), L"2-1", L"u3v\\VENDOR\\model\\a1"); },
                  {"DorvikUsb", "DorvikUsb/xHCI", "DorvikUsb/xHCI/Cam A *"}, {}}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
 TEST_F(FlatTreeTest, twoBuildsMakeTheTopologyOnceAndRefreshIt)
 {
     enumeration->addTransportLayer("DorvikUsb", {CFakeCameraInfo::create("Cam A", "U3V\\V\\M\\A1", "U3V")});
-    controller(*script->root, 1).AddChild(topapi::NodeType_U3vDevice, L"a", L"2-1").SetInstancePath(L"U3V\\V\\M\\A1");
+    u3v(controller(*script->root, 1), L"2-1", L"U3V\\V\\M\\A1");
     tree.build(cameras, {});
     const QStringList first = outline(tree);
     tree.build(cameras, {});
@@ -248,8 +217,8 @@ TEST_F(FlatTreeTest, camerasWithoutSerialNumbersGetARowEach)
     enumeration->addTransportLayer("DorvikUsb", {CFakeCameraInfo::create("Cam A", "U3V\\V\\M\\\\G1", "U3V"),
                                                  CFakeCameraInfo::create("Cam B", "U3V\\V\\M\\\\G2", "U3V")});
     CFakeNode& hc = controller(*script->root, 2);
-    hc.AddChild(topapi::NodeType_U3vDevice, L"a", L"2-1").SetInstancePath(L"U3V\\V\\M\\");
-    hc.AddChild(topapi::NodeType_U3vDevice, L"b", L"2-2").SetInstancePath(L"U3V\\V\\M\\");
+    u3v(hc, L"2-1", L"U3V\\V\\M\\");
+    u3v(hc, L"2-2", L"U3V\\V\\M\\");
     tree.build(cameras, {});
     EXPECT_EQ(outline(tree), (QStringList{"DorvikUsb", "DorvikUsb/xHCI", "DorvikUsb/xHCI/Cam A *", "DorvikUsb/xHCI/Cam B *"}));
     EXPECT_NE(tree.findByKey("U3V\\V\\M\\\\G1"), tree.findByKey("U3V\\V\\M\\\\G2"));

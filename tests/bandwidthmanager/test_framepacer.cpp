@@ -48,18 +48,11 @@ QSharedPointer<CScriptedParameterCollection> scripted(const SCamera& camera)
     return collection;
 }
 
-struct SPacingCase
-{
-    const char* scenario;
-    SCamera camera;
-    double shareMBs;
-    // Share of the frame period that a paced frame takes, and the paced rate, as need / period share.
-    double periodUse;
-};
+struct SPacingCase { const char* scenario; SCamera camera; double shareMBs;
+    /* Share of the frame period that a paced frame takes, and the paced rate, as need / period share. */
+    double periodUse; };
 
-class Pacing : public ::testing::TestWithParam<SPacingCase>
-{
-};
+class Pacing : public ::testing::TestWithParam<SPacingCase> {};
 
 TEST_P(Pacing, spreadsTheFrameWithoutLosingFrames)
 {
@@ -78,25 +71,16 @@ TEST_P(Pacing, spreadsTheFrameWithoutLosingFrames)
     EXPECT_LE(collection->writeCount(QStringLiteral("GevSCPD")), 12) << "a handful of round trips";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    FramePacer, Pacing,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(FramePacer, Pacing, ::testing::Values(
         SPacingCase{"slow_camera_far_below_its_share", SCamera{}, 2.8, 0.8},
         SPacingCase{"share_just_above_the_need_sets_the_rate", SCamera{}, 1.7, 1.611744 / 1.7},
         SPacingCase{"jumbo_packets_on_a_gigabit_link", SCamera{1000.0, 9000, 1920 * 1200, 5.0}, 40.0, 0.8},
         SPacingCase{"small_delay_range", SCamera{1000.0, 1500, 640 * 480, 30.0, 200000}, 30.0, 0.8}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
-struct SUntouchedCase
-{
-    const char* scenario;
-    SCamera camera;
-    double shareMBs;
-};
+struct SUntouchedCase { const char* scenario; SCamera camera; double shareMBs; };
 
-class LeftAlone : public ::testing::TestWithParam<SUntouchedCase>
-{
-};
+class LeftAlone : public ::testing::TestWithParam<SUntouchedCase> {};
 
 TEST_P(LeftAlone, givesMinusOneAndWritesNothing)
 {
@@ -107,11 +91,9 @@ TEST_P(LeftAlone, givesMinusOneAndWritesNothing)
     EXPECT_EQ(collection->writeCount(QStringLiteral("GevSCPD")), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    FramePacer, LeftAlone,
+INSTANTIATE_TEST_SUITE_P(FramePacer, LeftAlone,
     ::testing::Values(SUntouchedCase{"needs_its_whole_share", SCamera{}, 1.0},
-                      SUntouchedCase{"the_limiter_already_slowed_it", SCamera{100.0, 1500, 1024 * 768, 2.0, 10000000, 500},
-                                     2.8}),
+                      SUntouchedCase{"the_limiter_already_slowed_it", SCamera{100.0, 1500, 1024 * 768, 2.0, 10000000, 500}, 2.8}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
 TEST(FramePacer, cameraThatFitsEvenAtTheLargestDelayGoesThere)

@@ -11,16 +11,9 @@ using namespace Plugin::BandwidthManager;
 
 namespace {
 
-struct SPlaceCase
-{
-    const char* name;
-    SLossTotals totals;
-    ELossPlace place;
-};
+struct SPlaceCase { const char* name; SLossTotals totals; ELossPlace place; };
 
-class LossPlaceOf : public ::testing::TestWithParam<SPlaceCase>
-{
-};
+class LossPlaceOf : public ::testing::TestWithParam<SPlaceCase> {};
 
 TEST_P(LossPlaceOf, theCounterThatLostMost)
 {
@@ -28,8 +21,7 @@ TEST_P(LossPlaceOf, theCounterThatLostMost)
 }
 
 // lostFrames, missingPackets, ringDrops, socketDrops, underruns, peakLinkUse
-INSTANTIATE_TEST_SUITE_P(
-    Table, LossPlaceOf,
+INSTANTIATE_TEST_SUITE_P(Table, LossPlaceOf,
     ::testing::Values(SPlaceCase{"nothingLost", {0, 0, 0, 0, 0, 1.0}, ELossPlace::None},
                       SPlaceCase{"missingOnAFullLink", {5, 400, 0, 0, 0, 0.96}, ELossPlace::Link},
                       SPlaceCase{"missingWithRoom", {5, 400, 0, 0, 0, 0.40}, ELossPlace::Wire},
@@ -67,12 +59,11 @@ TEST(LossMeter, countsFromTheFirstSightAndSumsAnAdaptersCameras)
                    "Udp: 10 0 0 10 " + QByteArray::number(errors) + " 0\n");
     };
     writeSnmp(50);
-    CLossMeter meter(
-        [&link](const QString& name, CLossMeter::SLinkCounters& counters) {
-            counters = link;
-            return name == QLatin1String("eth1");
-        },
-        snmp);
+    const auto readLink = [&link](const QString& name, CLossMeter::SLinkCounters& counters) {
+        counters = link;
+        return name == QLatin1String("eth1");
+    };
+    CLossMeter meter(readLink, snmp);
     auto camera = QSharedPointer<ParameterFakes::CScriptedParameterCollection>::create();
     for (const char* name : {"Failed_Packet", "Resend_Packet", "Resend_Request", "Buffer_Underrun"})
         camera->addInteger(QStringLiteral("@StreamGrabber0/Statistic_%1_Count").arg(QLatin1String(name)), 100, 0, 1 << 30);

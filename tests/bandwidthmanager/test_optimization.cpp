@@ -51,15 +51,8 @@ public:
 
 // A GigE camera whose throughput falls with the inter-packet delay and whose
 // probe leaves the packet size at `probed`.
-struct SCameraScript
-{
-    double maximumMBs = 300.0;
-    qint64 packetSize = 1500;
-    qint64 probed = 1500;
-    bool measured = true;
-    // A frame rate that keeps the camera below this, in MB/s; 0 for none.
-    double frameBoundMBs = 0.0;
-};
+struct SCameraScript { double maximumMBs = 300.0; qint64 packetSize = 1500; qint64 probed = 1500; bool measured = true;
+    /* A frame rate that keeps the camera below this, in MB/s; 0 for none. */ double frameBoundMBs = 0.0; };
 
 // The network layer over in-memory seams: adapters with an address and a link speed.
 struct SNetwork
@@ -71,22 +64,19 @@ struct SNetwork
 
     void add(const char* address, uint64_t linkSpeed)
     {
-        const std::string guid = "{" + std::to_string(adapters->m_entries.size() + 1) + "}";
-        registry->SetString(std::string(CfgApi::CNetworkAdapter::kClassKey) + "\\000" +
-                                std::to_string(adapters->m_entries.size()),
-                            "NetCfgInstanceId", guid);
+        const std::string index = std::to_string(adapters->m_entries.size());
+        const std::string guid = "{" + index + "}";
+        registry->SetString(std::string(CfgApi::CNetworkAdapter::kClassKey) + "\\000" + index, "NetCfgInstanceId", guid);
         Baselibs::SPlatformAdapterEntry entry;
-        entry.adapterName = guid;
-        entry.friendlyName = "eth" + std::to_string(adapters->m_entries.size());
+        std::tie(entry.adapterName, entry.friendlyName, entry.operUp, entry.receiveLinkSpeed) =
+            std::make_tuple(guid, "eth" + index, true, linkSpeed);
         entry.physicalAddress = {0x00, 0x1B, 0x21, 0x01, 0x02, uint8_t(adapters->m_entries.size())};
-        entry.operUp = true;
         Baselibs::SUnicastAddress unicast;
         unicast.family = AF_INET;
         const uint32_t raw = inet_addr(address);
         std::memcpy(unicast.address, &raw, 4);
         unicast.onLinkPrefixLength = 24;
         entry.unicastAddresses = {unicast};
-        entry.receiveLinkSpeed = linkSpeed;
         adapters->m_entries.push_back(entry);
     }
 
@@ -143,35 +133,24 @@ public:
         }
     }
 
+    // Throughput at delay d is maximum * 1000 / (1000 + d), capped by the frame rate where there is one.
     static QSharedPointer<CScriptedParameterCollection> scripted(const SCameraScript& script)
     {
         auto collection = QSharedPointer<CScriptedParameterCollection>::create();
-        collection->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
-        collection->addInteger(QStringLiteral("GevSCPD"), 0, 0, 100000);
-        collection->addInteger(QStringLiteral("GevSCDCT"), 0, 0, 1000000000, 1, "RO");
-        setThroughputLaw(collection, script.maximumMBs, script.frameBoundMBs);
-        collection->addInteger(QStringLiteral("GevSCPSPacketSize"), script.packetSize, 576, 9000);
-        collection->addInteger(QStringLiteral("GevSCFTD"), 0, 0, 1000000000);
-        collection->addCommand(QStringLiteral("@StreamGrabber0/ProbePacketSize"));
-        const qint64 probed = script.probed;
         CScriptedParameterCollection* raw = collection.data();
-        collection->setAfterWrite(QStringLiteral("@StreamGrabber0/ProbePacketSize"), [raw, probed](const QVariant&) {
-            raw->setValue(QStringLiteral("GevSCPSPacketSize"), probed);
+        raw->addInteger(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 16, 1, 256);
+        raw->addInteger(QStringLiteral("GevSCPD"), 0, 0, 100000);
+        raw->addInteger(QStringLiteral("GevSCDCT"), 0, 0, 1000000000, 1, "RO");
+        raw->setValueLaw(QStringLiteral("GevSCDCT"), [raw, script] {
+            const double link = script.maximumMBs * 1e9 / (1000.0 + raw->value(QStringLiteral("GevSCPD")).toDouble());
+            return QVariant(qint64(script.frameBoundMBs > 0.0 ? std::min(link, script.frameBoundMBs * 1e6) : link));
         });
+        raw->addInteger(QStringLiteral("GevSCPSPacketSize"), script.packetSize, 576, 9000);
+        raw->addInteger(QStringLiteral("GevSCFTD"), 0, 0, 1000000000);
+        raw->addCommand(QStringLiteral("@StreamGrabber0/ProbePacketSize"));
+        raw->setAfterWrite(QStringLiteral("@StreamGrabber0/ProbePacketSize"),
+                           [raw, script](const QVariant&) { raw->setValue(QStringLiteral("GevSCPSPacketSize"), script.probed); });
         return collection;
-    }
-
-    // Throughput at delay d is maximum * 1000 / (1000 + d), capped by the
-    // frame rate where there is one: the device's own figure.
-    static void setThroughputLaw(const QSharedPointer<CScriptedParameterCollection>& collection, double maximumMBs,
-                                 double frameBoundMBs = 0.0)
-    {
-        CScriptedParameterCollection* raw = collection.data();
-        collection->setValueLaw(QStringLiteral("GevSCDCT"), [raw, maximumMBs, frameBoundMBs] {
-            const qint64 delay = raw->value(QStringLiteral("GevSCPD")).toLongLong();
-            const double link = maximumMBs * 1e6 * 1000.0 / (1000.0 + double(delay));
-            return QVariant(qint64(frameBoundMBs > 0.0 ? std::min(link, frameBoundMBs * 1e6) : link));
-        });
     }
 
     FlatTreeItem& item(const QString& key) { return tree.model()->item(tree.model()->findByKey(key)); }
@@ -193,23 +172,12 @@ public:
     BandwidthTreeWidget tree;
 };
 
-struct SShareCase
-{
-    const char* scenario;
-    uint64_t linkSpeed;
-    std::vector<SCameraScript> cameras;
-    std::function<void(OptimizationTest&)> arrange;
-    // Per camera, in the order they were added.
-    std::vector<std::vector<int>> limiterValues;
-    std::vector<qint64> frameDelays;
-    double usedBandwidth;
-    // GevSCPD after the run, where the case states it.
-    std::vector<qint64> packetDelays = {};
-};
+struct SShareCase { const char* scenario; uint64_t linkSpeed; std::vector<SCameraScript> cameras;
+    std::function<void(OptimizationTest&)> arrange; /* Per camera, in the order they were added. */
+    std::vector<std::vector<int>> limiterValues; std::vector<qint64> frameDelays; double usedBandwidth;
+    /* GevSCPD after the run, where the case states it. */ std::vector<qint64> packetDelays = {}; };
 
-class Shares : public OptimizationTest, public ::testing::WithParamInterface<SShareCase>
-{
-};
+class Shares : public OptimizationTest, public ::testing::WithParamInterface<SShareCase> {};
 
 TEST_P(Shares, fillTheBudgetFromTheSlowestCamera)
 {
@@ -234,18 +202,14 @@ TEST_P(Shares, fillTheBudgetFromTheSlowestCamera)
     EXPECT_TRUE(failures.isEmpty()) << failures.join('\n').toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Optimization, Shares,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Optimization, Shares, ::testing::Values(
         SShareCase{"one_camera_on_1000_mbit_gets_112_of_112_5", 1000000000, {{}}, {}, {{112}}, {0}, 111.0},
-        SShareCase{"the_slower_camera_is_served_first_and_its_rest_flows_on",
-                   1000000000, {{300.0}, {50.0}}, {}, {{62}, {56}}, {1518, 0}, 50.0 + 62.0 - 1.0},
-        SShareCase{"a_camera_reporting_minus_one_takes_nothing_from_the_budget",
-                   1000000000, {{300.0}, {50.0}},
+        SShareCase{"the_slower_camera_is_served_first_and_its_rest_flows_on", 1000000000, {{300.0}, {50.0}}, {},
+                   {{62}, {56}}, {1518, 0}, 50.0 + 62.0 - 1.0},
+        SShareCase{"a_camera_reporting_minus_one_takes_nothing_from_the_budget", 1000000000, {{300.0}, {50.0}},
                    [](OptimizationTest& t) {
                        t.limiters[1]->afterSetValue = [&t] { t.collections[1]->setAccessMode("GevSCDCT", "NA"); };
-                   },
-                   {{112}, {56}}, {1518, 0}, 112.0 - 1.0},
+                   }, {{112}, {56}}, {1518, 0}, 112.0 - 1.0},
         SShareCase{"a_share_below_one_megabyte_reaches_the_limiter_as_0", 8000000, {{}}, {}, {{0}}, {0}, 2.97 - 1.0},
         SShareCase{"packet_size_8192_staggers_the_second_camera_by_8210",
                    1000000000, {{100.0, 1500, 8192}, {100.0, 1500, 8192}}, {}, {{56}, {56}}, {0, 8210}, 111.0},
@@ -256,21 +220,11 @@ INSTANTIATE_TEST_SUITE_P(
                    25.0 + 87.0 - 1.0, {11000, 2448}}),
     [](const auto& info) { return std::string(info.param.scenario); });
 
-struct SProbeCase
-{
-    const char* scenario;
-    qint64 before;
-    qint64 probed;
-    std::function<void(CScriptedParameterCollection&)> arrange;
-    qint64 packetSize;
-    bool changed;
-    bool limited;
-    bool defaulted;
-};
+struct SProbeCase { const char* scenario; qint64 before; qint64 probed;
+    std::function<void(CScriptedParameterCollection&)> arrange; qint64 packetSize; bool changed; bool limited;
+    bool defaulted; };
 
-class Probe : public OptimizationTest, public ::testing::WithParamInterface<SProbeCase>
-{
-};
+class Probe : public OptimizationTest, public ::testing::WithParamInterface<SProbeCase> {};
 
 TEST_P(Probe, setsWhatThePathCarries)
 {
@@ -289,14 +243,10 @@ TEST_P(Probe, setsWhatThePathCarries)
     EXPECT_EQ(result.packetSizeDefaulted, c.defaulted);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Optimization, Probe,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Optimization, Probe, ::testing::Values(
         SProbeCase{"probe_leaving_1400_falls_back_to_1500", 1400, 1400, {}, 1500, true, true, true},
         SProbeCase{"fallback_corrected_by_the_camera_is_not_defaulted", 1400, 1400,
-                   [](CScriptedParameterCollection& camera) {
-                       camera.setWriteLaw("GevSCPSPacketSize", [](const QVariant&) { return QVariant(qint64(1496)); });
-                   },
+                   [](CScriptedParameterCollection& c) { c.setWriteLaw("GevSCPSPacketSize", [](auto&) { return 1496; }); },
                    1496, true, true, false},
         SProbeCase{"probe_raising_1500_to_9000", 1500, 9000, {}, 9000, true, false, false},
         SProbeCase{"probe_leaving_1500_alone", 1500, 1500, {}, 1500, false, true, false}),
@@ -354,16 +304,10 @@ TEST_F(OptimizationTest, unmeasuredCameraAmongTwoStopsTheAdapterInTheSortButTheS
     EXPECT_TRUE(failures.contains(QStringLiteral("Invalid camera object received."))) << failures.join('\n').toStdString();
 }
 
-struct SLinkSpeedCase
-{
-    const char* scenario;
-    std::function<void(SNetwork&)> arrange;
-    QStringList logged; // "%1" stands for the adapter row's text
-};
+struct SLinkSpeedCase { const char* scenario; std::function<void(SNetwork&)> arrange;
+    QStringList logged; /* "%1" stands for the adapter row's text */ };
 
-class LinkSpeed : public OptimizationTest, public ::testing::WithParamInterface<SLinkSpeedCase>
-{
-};
+class LinkSpeed : public OptimizationTest, public ::testing::WithParamInterface<SLinkSpeedCase> {};
 
 TEST_P(LinkSpeed, unknownFallsBackToOneGigabit)
 {
@@ -380,9 +324,7 @@ TEST_P(LinkSpeed, unknownFallsBackToOneGigabit)
     EXPECT_EQ(failures, expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Optimization, LinkSpeed,
-    ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Optimization, LinkSpeed, ::testing::Values(
         SLinkSpeedCase{"adapter_not_found", [](SNetwork& n) { n.add("198.51.100.1", 10000000000ull); },
                        {"Could not find a network adapter with the given IP address.",
                         "Could not determine current bandwidth of network adapter '%1'. Defaulting to 1GBit/s."}},
